@@ -1,0 +1,2 @@
+// The decoded result of one METAF text.
+#pragma once

@@ -1,0 +1,2 @@
+// Shared helpers of Skelda's tests: see the headers beside this file.
+#include "TestMain.h"

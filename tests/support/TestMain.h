@@ -1,0 +1,2 @@
+// Shared helpers of Skelda's tests.
+#pragma once
