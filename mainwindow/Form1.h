@@ -1,0 +1,139 @@
+// Form1: Skelda's main window, and the owner of the acquisition machinery (its timers and its
+// socket). It loads at start, stays loaded for the whole run, and is only ever hidden and shown.
+//
+// The form is itself a drawing surface (the day chart is drawn on it, in twips). Every control
+// carries its design name as its objectName; array elements are named "FKNT(12)".
+#pragma once
+
+#include "Bulletin.h"
+#include "Controls.h"
+#include "Dao.h"
+#include "Inet.h"
+#include "Module1.h"
+#include "SurfaceWidget.h"
+#include "Winsock.h"
+
+#include <QGroupBox>
+#include <QLineEdit>
+#include <QPixmap>
+
+#include <array>
+#include <cstdint>
+#include <map>
+
+namespace skelda {
+
+class Forms;
+
+// An image control: shows a picture, or nothing.
+class Image : public QLabel {
+    Q_OBJECT
+public:
+    explicit Image(QWidget* parent = nullptr);
+    void SetPicture(const QPixmap& picture);  // an empty pixmap clears it
+    const QPixmap& Picture() const { return picture_; }
+    QString PictureKey;  // the key of the picture shown, "" for none (for tests and the readout)
+
+private:
+    QPixmap picture_;
+};
+
+// A keyed list of small pictures.
+class ImageList {
+public:
+    void Add(const QString& key, const QPixmap& picture);
+    const QPixmap& ListImages(const QString& key) const;  // "Invalid key" (35603) for an unknown key
+    QStringList Keys() const { return order_; }
+
+private:
+    std::map<QString, QPixmap> images_;
+    QStringList order_;
+};
+
+class Form1 : public SurfaceWidget {
+    Q_OBJECT
+public:
+    explicit Form1(Forms& forms);
+    ~Form1() override;
+
+    Forms& forms() const { return forms_; }
+
+    // ---- Controls, under their design names.
+    QGroupBox* Frame4 = nullptr;  // "Aiarport"
+    ListBox* List1 = nullptr;
+    ComboBox* ChoixDate = nullptr;
+    QGroupBox* Frame1 = nullptr;  // "Wind & &Temp."
+    Label* TXTtitre = nullptr;
+    QGroupBox* LeBulletin = nullptr;  // "Prévisions :"
+    Label* TXTbulletin = nullptr;
+    Label* Label1 = nullptr;
+    Label* Label2 = nullptr;
+    Label* Label3 = nullptr;
+    Label* Label6 = nullptr;
+    Label* TXTforce = nullptr;
+    SurfaceWidget* PV = nullptr;
+    std::array<Label*, 4> TxtDir{};
+    Label* Label4 = nullptr;
+    Label* Label5 = nullptr;
+    Label* Label7 = nullptr;
+    Label* Label11 = nullptr;
+    Label* Label12 = nullptr;
+    std::array<Label*, 48> FKNT{};
+    LineControl MaxFKNT;
+    LineControl Line1015;
+    std::array<Label*, 24> Label8{};
+    std::array<Label*, 11> Label9{};
+    std::array<Label*, 3> Label10{};
+    std::map<int, LineControl> Line1;  // indices 0 to 8, 11, 16
+    std::array<LineControl, 48> Vline{};
+    std::array<Image*, 24> ICO{};
+    ImageList ImageList2;
+    Image* Picture1 = nullptr;
+    QWidget* Shape1 = nullptr;
+    QWidget* Shape2 = nullptr;
+    QLineEdit* wwwsource = nullptr;  // hidden: the text of a fetched page
+    Inet Inet1;
+    Winsock W;
+    Timer T{1000, false};
+    Timer TimerWinsock{20000, false};
+
+    // ---- Form-level values.
+    QString Tag;  // "VISIBLE", "VU", "MASQUE", or "" before the window was first asked for
+    float AngleZefir = 0;
+    int16_t IndexReleve = 0;
+    int16_t ChargementFini = 0;  // -1 once Form_Load has filled both lists
+    QString ReponseBrute;
+    Database BaseReleves;
+    Recordset JeuReleves;
+    Bulletin BulletinCourant;
+    int16_t SecondesAttente = 0;  // kept between ticks of T
+    int16_t SecondesHeure = 0;
+    int16_t DerniereColonne = 0;  // kept between calls of Form_MouseMove
+    int16_t DernierIndex = 0;     // kept between calls of FKNT_MouseMove
+
+    // ---- Procedures of the form.
+    void Form_Load();
+    void RemplirDates();
+    void TracerCourbe();
+    void AfficherImage(const QString& Idx);
+    void Form_MouseMove(int Button, int Shift, double X, double Y);
+    void FKNT_MouseMove(int Index, int Button, int Shift, double X, double Y);
+    void Form_MouseDown(int Button, int Shift, double X, double Y);
+    // The caption of the window (its title).
+    QString Caption() const { return windowTitle(); }
+    void SetCaption(const QString& text) { setWindowTitle(text); }
+    // The path of database.mdb beside the program.
+    QString DatabasePath() const;
+
+protected:
+    void closeEvent(QCloseEvent* event) override;  // Form_QueryUnload
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    void BuildControls();
+    Forms& forms_;
+};
+
+}  // namespace skelda

@@ -1,0 +1,76 @@
+#include "Log.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+using namespace skelda;
+
+namespace {
+
+// Runs a test inside a fresh current directory, and goes back afterwards.
+class InTemporaryDirectory : public ::testing::Test {
+protected:
+    void SetUp() override {
+        ASSERT_TRUE(dir.isValid());
+        previous = QDir::currentPath();
+        ASSERT_TRUE(QDir::setCurrent(dir.path()));
+    }
+    void TearDown() override { QDir::setCurrent(previous); }
+    QString LogText() {
+        QFile f(QStringLiteral("log/log.txt"));
+        if (!f.open(QIODevice::ReadOnly)) return QStringLiteral("<missing>");
+        return QString::fromUtf8(f.readAll());
+    }
+    QTemporaryDir dir;
+    QString previous;
+    FixedClock clock{QDateTime(QDate(2004, 11, 2), QTime(10, 0, 5))};
+};
+
+}  // namespace
+
+TEST_F(InTemporaryDirectory, WithoutLogFolderTheEntryIsLostQuietly) {
+    EXPECT_NO_THROW(EcrireLog(QStringLiteral("Skelda Starting"), clock));
+    EXPECT_FALSE(QFile::exists(QStringLiteral("log/log.txt")));
+    EXPECT_FALSE(QDir(QStringLiteral("log")).exists());  // no code creates the folder
+}
+
+TEST_F(InTemporaryDirectory, OneEntryIsDateBlankTimeBlankMessageCrLf) {
+    QDir().mkdir(QStringLiteral("log"));
+    EcrireLog(QStringLiteral("Skelda Starting"), clock);
+    EXPECT_EQ(LogText(), QStringLiteral("02/11/2004 10:00:05 Skelda Starting\r\n"));
+}
+
+TEST_F(InTemporaryDirectory, TwoEntriesOfOneSecondKeepTheirOrder) {
+    QDir().mkdir(QStringLiteral("log"));
+    EcrireLog(QStringLiteral("Weather Received from    Paris - Le Bourget"), clock);
+    EcrireLog(QStringLiteral("New Metaf Recorded    Paris - Le Bourget"), clock);
+    EXPECT_EQ(LogText(), QStringLiteral("02/11/2004 10:00:05 Weather Received from    Paris - Le Bourget\r\n"
+                                        "02/11/2004 10:00:05 New Metaf Recorded    Paris - Le Bourget\r\n"));
+}
+
+TEST_F(InTemporaryDirectory, AnEmptyMessageGivesTheStampAndOneBlank) {
+    QDir().mkdir(QStringLiteral("log"));
+    EcrireLog(QString(), clock);
+    EXPECT_EQ(LogText(), QStringLiteral("02/11/2004 10:00:05 \r\n"));
+}
+
+TEST_F(InTemporaryDirectory, TheFileOnlyGrows) {
+    QDir().mkdir(QStringLiteral("log"));
+    {
+        QFile f(QStringLiteral("log/log.txt"));
+        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+        f.write("old line\r\n");
+    }
+    EcrireLog(QStringLiteral("Nouvelle Aéroport enregistré LFXX"), clock);
+    EXPECT_EQ(LogText(), QStringLiteral("old line\r\n02/11/2004 10:00:05 Nouvelle Aéroport enregistré LFXX\r\n"));
+}
+
+TEST_F(InTemporaryDirectory, ALockedFileLosesTheEntryQuietly) {
+    QDir().mkdir(QStringLiteral("log"));
+    QDir().mkdir(QStringLiteral("log/log.txt"));  // a folder in the file's place can't be opened
+    EXPECT_NO_THROW(EcrireLog(QStringLiteral("lost"), clock));
+    EXPECT_TRUE(QFileInfo(QStringLiteral("log/log.txt")).isDir());
+}
