@@ -1,0 +1,8 @@
+#include "Artwork.h"
+
+#include <QtGlobal>
+
+void InitArtwork()
+{
+    Q_INIT_RESOURCE(artwork);
+}
