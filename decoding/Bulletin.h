@@ -17,20 +17,20 @@ namespace skelda {
 // its initial value when the decoder couldn't read it, and the caller stores the record all the
 // same.
 struct Bulletin {
-    QString Ida;               // station code: the first group, whole
-    QString DateReleve;        // day/month/year, such as 02/11/2004 (month and year from the clock)
-    QString HeureReleve;       // hour:minute of the message's own clock, such as 10:00
-    QString OrientationDegre;  // wind direction as written (three characters); empty for VRB
-    int16_t ForceNoeuds = 0;   // knots, the bare MPS figure, or the negated VRB upper bound
-    int16_t ZefirVariable = 0; // a VRB group was seen: -1 for true, 0 for false
-    int16_t Secteur1 = 0;      // first bound in degrees of the shifting wind sector
-    int16_t Secteur2 = 0;      // second bound in degrees of the shifting wind sector
-    int16_t ForceRafale = 0;   // gust speed in knots
-    QString Visibilite;        // visibility phrase
-    QString Temps;             // present-weather phrases, each with a leading blank
-    QString Nuage;             // sky phrases, each with a leading blank
-    int16_t Temperature = 0;   // air temperature in whole degrees Celsius
-    int16_t Pression = 0;      // pressure in hectopascals
+    QString Ida;                // station code: the first group, whole
+    QString DateReleve;         // day/month/year, such as 02/11/2004 (month and year from the clock)
+    QString HeureReleve;        // hour:minute of the message's own clock, such as 10:00
+    QString OrientationDegre;   // wind direction as written (three characters); empty for VRB
+    int16_t ForceNoeuds = 0;    // knots, the bare MPS figure, or the negated VRB upper bound
+    int16_t ZefirVariable = 0;  // a VRB group was seen: -1 for true, 0 for false
+    int16_t Secteur1 = 0;       // first bound in degrees of the shifting wind sector
+    int16_t Secteur2 = 0;       // second bound in degrees of the shifting wind sector
+    int16_t ForceRafale = 0;    // gust speed in knots
+    QString Visibilite;         // visibility phrase
+    QString Temps;              // present-weather phrases, each with a leading blank
+    QString Nuage;              // sky phrases, each with a leading blank
+    int16_t Temperature = 0;    // air temperature in whole degrees Celsius
+    int16_t Pression = 0;       // pressure in hectopascals
 
     bool operator==(const Bulletin& other) const = default;
 };
