@@ -53,8 +53,14 @@ private:
 class Form1 : public SurfaceWidget {
     Q_OBJECT
 public:
+    // Builds the form with all its controls at their design places; nothing is read yet.
     explicit Form1(Forms& forms);
     ~Form1() override;
+
+    // Loading the form: builds it and runs Form_Load, as the first touch of Form1 does. This is
+    // the maker that the program gives to Forms::Provide. A failure of Form_Load (a missing
+    // database, say) reaches the caller, and the half-loaded form is dropped.
+    static Form1* Load(Forms& forms);
 
     Forms& forms() const { return forms_; }
 
@@ -111,14 +117,38 @@ public:
     int16_t DerniereColonne = 0;  // kept between calls of Form_MouseMove
     int16_t DernierIndex = 0;     // kept between calls of FKNT_MouseMove
 
+    // Where TracerCourbe draws its chart: the form itself, unless a test watches the drawing
+    // through another surface.
+    Surface* drawingSurface = this;
+
     // ---- Procedures of the form.
+    // The start of the whole system: the wind colours, "Skelda Starting" in the log, the window
+    // in the bottom right corner, the pressure line, the airports, the dates, and the first chart.
+    // No protection: a missing database or a failing airport list reaches the caller.
     void Form_Load();
+    // Refills ChoixDate with the days that have observations, oldest first, and leaves the index
+    // of the newest in its Tag ("0" with none); an empty table gives today's date alone.
+    // Database failures reach the caller.
     void RemplirDates();
+    // Redraws the day chart of the airport selected in List1 on the day of ChoixDate, from the
+    // database, with the day's bulletin and the airport's picture. Does nothing until Form_Load
+    // has filled both lists. No handling: a failure stops the drawing where it stands.
     void TracerCourbe();
+    // Shows the picture of airport Idx (its idx as text) from Images/ under the current folder,
+    // or the common picture with a log line. A missing common picture or an unreadable bitmap
+    // reaches the caller.
     void AfficherImage(const QString& Idx);
+    // The readout of the half-hour slot under the pointer, X in twips; FKNT_MouseMove is the same
+    // readout on a slot label's own event, with its own wording.
     void Form_MouseMove(int Button, int Shift, double X, double Y);
     void FKNT_MouseMove(int Index, int Button, int Shift, double X, double Y);
+    // The right button pops up the tray's menu.
     void Form_MouseDown(int Button, int Shift, double X, double Y);
+    // Cancel comes back 1 whatever UnloadMode says: the window only hides.
+    void Form_QueryUnload(int& Cancel, int UnloadMode);
+    void ChoixDate_Click();
+    void List1_Click();
+    void List1_MouseMove(int Button, int Shift, double X, double Y);
     // The caption of the window (its title).
     QString Caption() const { return windowTitle(); }
     void SetCaption(const QString& text) { setWindowTitle(text); }
@@ -133,6 +163,7 @@ protected:
 
 private:
     void BuildControls();
+    void WireEvents();
     Forms& forms_;
 };
 

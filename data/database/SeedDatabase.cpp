@@ -1,0 +1,201 @@
+#include "SeedDatabase.h"
+
+#include <sqlite3.h>
+
+#include <QFile>
+#include <QHash>
+#include <QStringList>
+#include <memory>
+
+namespace skelda {
+
+namespace {
+
+const char16_t* const kColumns[] = {u"IDA", u"aéroport", u"ville", u"timezone", u"activé", u"préféré", u"codeforecast"};
+enum Column { Ida, Aeroport, Ville, Timezone, Active, Preferred, CodeForecast, ColumnCount };
+
+bool Failed(QString* error, const QString& message) {
+    if (error) *error = message;
+    return false;
+}
+
+// The fields of one line, separated by ';'. A field may be put in double quotes, with a quote
+// inside written twice, to hold a ';' of its own.
+bool SplitFields(QStringView line, QStringList& fields) {
+    fields.clear();
+    QString field;
+    bool quoted = false;
+    for (qsizetype i = 0; i < line.size(); ++i) {
+        const QChar c = line[i];
+        if (quoted) {
+            if (c != u'"')
+                field += c;
+            else if (i + 1 < line.size() && line[i + 1] == u'"')
+                field += line[++i];
+            else
+                quoted = false;
+        } else if (c == u'"') {
+            quoted = true;
+        } else if (c == u';') {
+            fields << field;
+            field.clear();
+        } else {
+            field += c;
+        }
+    }
+    fields << field;
+    return !quoted;
+}
+
+bool ParseFlag(const QString& text, bool& value) {
+    const QString t = text.trimmed().toLower();
+    const bool yes = t == u"1" || t == u"-1" || t == u"true" || t == u"yes";
+    const bool no = t == u"0" || t.isEmpty() || t == u"false" || t == u"no";
+    value = yes;
+    return yes || no;
+}
+
+// Where each column stands in the header line, or an empty result when one is missing.
+QList<int> ColumnPlaces(const QStringList& header) {
+    QList<int> places;
+    for (const char16_t* name : kColumns) {
+        qsizetype at = -1;
+        for (qsizetype i = 0; i < header.size() && at < 0; ++i)
+            if (header[i].trimmed().compare(QStringView(name), Qt::CaseInsensitive) == 0) at = i;
+        if (at < 0) return {};
+        places << int(at);
+    }
+    return places;
+}
+
+bool AirportOf(const QStringList& fields, const QList<int>& places, SeedAirport& airport) {
+    for (int place : places)
+        if (place >= fields.size()) return false;
+    const auto field = [&](Column c) { return fields[places[c]].trimmed(); };
+    airport.ida = field(Ida);
+    airport.aeroport = field(Aeroport);
+    airport.ville = field(Ville);
+    airport.timezone = field(Timezone);
+    if (!field(CodeForecast).isEmpty()) airport.codeforecast = field(CodeForecast);
+    return ParseFlag(field(Active), airport.active) && ParseFlag(field(Preferred), airport.preferred);
+}
+
+struct CloseDatabase {
+    void operator()(sqlite3* db) const { sqlite3_close_v2(db); }
+};
+using Handle = std::unique_ptr<sqlite3, CloseDatabase>;
+
+struct FinalizeStatement {
+    void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
+};
+
+bool Run(sqlite3* db, const QString& sql, QString* error) {
+    char* message = nullptr;
+    if (sqlite3_exec(db, sql.toUtf8().constData(), nullptr, nullptr, &message) == SQLITE_OK) return true;
+    const QString text = QString::fromUtf8(message);
+    sqlite3_free(message);
+    return Failed(error, text);
+}
+
+void BindText(sqlite3_stmt* statement, int index, const QString& text) {
+    if (text.isEmpty()) {
+        sqlite3_bind_null(statement, index);
+        return;
+    }
+    const QByteArray bytes = text.toUtf8();
+    sqlite3_bind_text(statement, index, bytes.constData(), int(bytes.size()), SQLITE_TRANSIENT);
+}
+
+bool InsertAirports(sqlite3* db, const QList<SeedAirport>& airports, QString* error) {
+    const QByteArray sql =
+        QStringLiteral(
+            "INSERT INTO \"Aéroports\" (\"IDA\", \"aéroport\", \"ville\", \"timezone\", \"activé\", \"préféré\", "
+            "\"codeforecast\") VALUES (?1, ?2, ?3, ?4, ?5, ?6, ?7)")
+            .toUtf8();
+    sqlite3_stmt* raw = nullptr;
+    if (sqlite3_prepare_v2(db, sql.constData(), int(sql.size()), &raw, nullptr) != SQLITE_OK)
+        return Failed(error, QString::fromUtf8(sqlite3_errmsg(db)));
+    const std::unique_ptr<sqlite3_stmt, FinalizeStatement> insert(raw);
+    for (const SeedAirport& airport : airports) {
+        BindText(raw, 1, airport.ida);
+        BindText(raw, 2, airport.aeroport);
+        BindText(raw, 3, airport.ville);
+        BindText(raw, 4, airport.timezone);
+        sqlite3_bind_int(raw, 5, airport.active ? 1 : 0);
+        sqlite3_bind_int(raw, 6, airport.preferred ? 1 : 0);
+        if (airport.codeforecast) {
+            const QByteArray code = airport.codeforecast->toUtf8();
+            sqlite3_bind_text(raw, 7, code.constData(), int(code.size()), SQLITE_TRANSIENT);
+        } else {
+            sqlite3_bind_null(raw, 7);
+        }
+        if (sqlite3_step(raw) != SQLITE_DONE) return Failed(error, QString::fromUtf8(sqlite3_errmsg(db)));
+        sqlite3_reset(raw);
+    }
+    return true;
+}
+
+bool Build(const QString& path, const QString& schemaSql, const QList<SeedAirport>& airports, QString* error) {
+    sqlite3* raw = nullptr;
+    const int code =
+        sqlite3_open_v2(path.toUtf8().constData(), &raw, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr);
+    const Handle db(raw);
+    if (code != SQLITE_OK) return Failed(error, QString::fromUtf8(sqlite3_errmsg(raw)));
+    return Run(raw, QStringLiteral("BEGIN"), error) && Run(raw, schemaSql, error) &&
+           InsertAirports(raw, airports, error) && Run(raw, QStringLiteral("COMMIT"), error);
+}
+
+}  // namespace
+
+QString DatabaseSchema() {
+    QFile file(QStringLiteral(":/skelda/database/schema.sql"));
+    if (!file.open(QIODevice::ReadOnly)) return {};
+    return QString::fromUtf8(file.readAll());
+}
+
+bool ParseAirports(const QString& csv, QList<SeedAirport>& airports, QString* error) {
+    airports.clear();
+    QStringList lines = csv.split(u'\n');
+    if (!lines.isEmpty() && lines[0].startsWith(QChar(0xFEFF))) lines[0].remove(0, 1);
+    QList<int> places;
+    QStringList fields;
+    for (qsizetype n = 0; n < lines.size(); ++n) {
+        const QString line = lines[n].endsWith(u'\r') ? lines[n].chopped(1) : lines[n];
+        if (line.trimmed().isEmpty()) continue;
+        const QString where = QStringLiteral("line %1: ").arg(n + 1);
+        if (!SplitFields(line, fields)) return Failed(error, where + QStringLiteral("a quote is left open"));
+        if (places.isEmpty()) {
+            places = ColumnPlaces(fields);
+            if (places.isEmpty())
+                return Failed(error, where + QStringLiteral("the header must name IDA;aéroport;ville;timezone;activé;"
+                                                            "préféré;codeforecast"));
+            continue;
+        }
+        SeedAirport airport;
+        if (!AirportOf(fields, places, airport))
+            return Failed(
+                error,
+                where + QStringLiteral("expected %1 fields with activé and préféré as 1 or 0").arg(places.size()));
+        airports << airport;
+    }
+    return true;
+}
+
+bool CreateDatabase(const QString& path, const QString& schemaSql, const QList<SeedAirport>& airports, QString* error) {
+    const QString building = path + QStringLiteral(".building");
+    QFile::remove(building);
+    if (!Build(building, schemaSql, airports, error)) {
+        QFile::remove(building);
+        return false;
+    }
+    QFile::remove(path);
+    if (!QFile::rename(building, path)) return Failed(error, QStringLiteral("can't write %1").arg(path));
+    return true;
+}
+
+bool CreateDatabase(const QString& path, const QString& schemaSql, const QString& airportsCsv, QString* error) {
+    QList<SeedAirport> airports;
+    return ParseAirports(airportsCsv, airports, error) && CreateDatabase(path, schemaSql, airports, error);
+}
+
+}  // namespace skelda

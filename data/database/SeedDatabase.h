@@ -1,0 +1,42 @@
+// Making a fresh database.mdb: the schema of schema.sql and a first table of airports.
+//
+// The program never creates its database; the build makes the delivered one with this code
+// (makedb), and the tests make their own in temporary folders.
+#pragma once
+
+#include <QList>
+#include <QString>
+#include <optional>
+
+namespace skelda {
+
+// One row of table Aéroports as it is seeded. The database numbers the rows (idx) in this order.
+struct SeedAirport {
+    QString ida;
+    QString aeroport;
+    QString ville;
+    QString timezone;
+    bool active = true;
+    bool preferred = false;
+    std::optional<QString> codeforecast;  // nullopt is stored as Null
+};
+
+// The text of schema.sql, built into the library.
+QString DatabaseSchema();
+
+// Reads the seed file: UTF-8 text, a header line that names the columns IDA, aéroport, ville,
+// timezone, activé, préféré and codeforecast (in any order, any case), then one airport per line
+// with its fields separated by ';'. activé and préféré hold 1 or 0; an empty codeforecast is
+// stored as Null, meaning "no forecast page". Blank lines are skipped. Gives false, with a message
+// that names the line, for a text it can't read.
+bool ParseAirports(const QString& csv, QList<SeedAirport>& airports, QString* error);
+
+// Makes a database file at Path with the schema and the airports, replacing any file there. The
+// file is built under another name and renamed at the end, so that a failure leaves no half-made
+// database behind. Gives false, with a message, on failure.
+bool CreateDatabase(const QString& path, const QString& schemaSql, const QList<SeedAirport>& airports, QString* error);
+
+// The same from the text of a seed file.
+bool CreateDatabase(const QString& path, const QString& schemaSql, const QString& airportsCsv, QString* error);
+
+}  // namespace skelda

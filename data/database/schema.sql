@@ -1,0 +1,104 @@
+-- The tables, indexes and saved query of database.mdb, Skelda's one lasting store.
+--
+-- Conventions of the file, which the access layer of the program relies on:
+--   * Names keep their accents and are matched without regard to case.
+--   * Declared types say how a value reads back: DATE, TIME, BOOLEAN, SMALLINT (16 bits),
+--     INTEGER (32 bits), TEXT.
+--   * A date is stored as the text 'YYYY-MM-DD' and a time of day as 'HH:MM:SS', so that both
+--     sort, compare and index in time order; a boolean as 1 or 0.
+
+-- One row per airport known to the program. Rows are never deleted.
+CREATE TABLE "Aéroports" (
+    "idx"          INTEGER PRIMARY KEY AUTOINCREMENT,  -- the airport's number, given by the database
+    "IDA"          TEXT COLLATE NOCASE,                -- station code, 4 letters
+    "aéroport"     TEXT,
+    "ville"        TEXT COLLATE NOCASE,                -- the sort key of every list
+    "timezone"     TEXT,                               -- a numeric text, such as +1 or -6
+    "activé"       BOOLEAN,                            -- polled and listed
+    "préféré"      BOOLEAN,                            -- the one preferred airport
+    "codeforecast" TEXT                                -- page of the forecast portal; Null when none
+);
+
+-- One row per stored observation. Rows are never changed or deleted.
+CREATE TABLE "Zefir" (
+    "NumAéroport"      INTEGER,   -- Aéroports.idx (0 for an unknown station); Null on a typed row
+    "lieu"             TEXT,      -- "city - airport", on a typed row only
+    "daterelevé"       DATE,
+    "heurerelevé"      TIME,
+    "forcenoeuds"      SMALLINT,  -- knots, negative for a variable wind
+    "orientationdegré" TEXT,      -- three-digit direction as the report gives it; its readers also
+                                  -- take it as a number
+    "forcerafale"      SMALLINT,
+    "zefirvariable"    BOOLEAN,
+    "secteur1"         SMALLINT,
+    "secteur2"         SMALLINT,
+    "visibilité"       TEXT,
+    "temps"            TEXT,
+    "nuage"            TEXT,
+    "température"      SMALLINT,
+    "pression"         SMALLINT,
+    "METAF"            TEXT
+);
+
+-- An observation is its airport, day and time: the same report fetched twice is refused (the
+-- program counts on that refusal as its only duplicate check). This index also serves the day
+-- chart, which reads one airport's day in time order.
+CREATE UNIQUE INDEX "Relevé" ON "Zefir" ("NumAéroport", "daterelevé", "heurerelevé");
+
+-- A typed observation has no airport number but its place. Null never repeats a unique key, so
+-- the same rule is kept for typed rows by the place, on those rows alone.
+CREATE UNIQUE INDEX "Relevé saisi" ON "Zefir" ("lieu", "daterelevé", "heurerelevé")
+    WHERE "NumAéroport" IS NULL;
+
+-- The list of days: every distinct day, in order, read from the index alone.
+CREATE INDEX "Jours" ON "Zefir" ("daterelevé");
+
+-- The month of one airport, as the saved query below asks for it: the year and the month are the
+-- very expressions of that query, so that its filter on mois and annee reaches this index, and the
+-- days of the month come out of it in order.
+CREATE INDEX "Mois" ON "Zefir" (
+    "NumAéroport",
+    CAST(substr("daterelevé", 1, 4) AS INTEGER),
+    CAST(substr("daterelevé", 6, 2) AS INTEGER),
+    "daterelevé"
+);
+
+-- One row per airport and day: the day's mean and highest wind with the time and direction of
+-- that peak, and the day's mean, highest and lowest temperature and pressure. The peak is the
+-- first observation of the day at the day's highest speed. Typed rows belong to no airport and
+-- are left out. Days come in ascending order.
+CREATE VIEW "Heure de pointe selon zefir" AS
+SELECT jour."NumAéroport"  AS "numaéroport",
+       jour."mois"         AS "mois",
+       jour."annee"        AS "annee",
+       jour."daterelevé"   AS "daterelevé",
+       jour."zefirmoyen"   AS "zefirmoyen",
+       pointe."forcenoeuds" AS "zefirmaxi",
+       pointe."heurerelevé" AS "heuredepointe",
+       CAST(pointe."orientationdegré" AS INTEGER) AS "Orientation",
+       jour."tempmoyen"    AS "tempmoyen",
+       jour."tempmaxi"     AS "tempmaxi",
+       jour."tempmini"     AS "tempmini",
+       jour."pmoyen"       AS "pmoyen",
+       jour."pmaxi"        AS "pmaxi",
+       jour."pmini"        AS "pmini"
+FROM (SELECT z."NumAéroport",
+             CAST(substr(z."daterelevé", 6, 2) AS INTEGER) AS "mois",
+             CAST(substr(z."daterelevé", 1, 4) AS INTEGER) AS "annee",
+             z."daterelevé",
+             avg(z."forcenoeuds")  AS "zefirmoyen",
+             avg(z."température")  AS "tempmoyen",
+             max(z."température")  AS "tempmaxi",
+             min(z."température")  AS "tempmini",
+             avg(z."pression")     AS "pmoyen",
+             max(z."pression")     AS "pmaxi",
+             min(z."pression")     AS "pmini"
+      FROM "Zefir" AS z
+      WHERE z."NumAéroport" IS NOT NULL
+      GROUP BY z."NumAéroport", z."daterelevé") AS jour
+JOIN "Zefir" AS pointe
+  ON pointe.rowid = (SELECT q.rowid FROM "Zefir" AS q
+                     WHERE q."NumAéroport" = jour."NumAéroport" AND q."daterelevé" = jour."daterelevé"
+                     ORDER BY q."forcenoeuds" DESC, q."heurerelevé"
+                     LIMIT 1)
+ORDER BY jour."NumAéroport", jour."daterelevé";

@@ -1,0 +1,53 @@
+// The picture of the selected airport, shown beside the day chart after each drawing. Only the
+// airport decides: one bitmap per station code under Images/, or the common picture.
+#include "Failure.h"
+#include "Form1.h"
+#include "Forms.h"
+#include "Log.h"
+
+#include <QFileInfo>
+#include <QImageReader>
+
+namespace skelda {
+
+namespace {
+
+constexpr int InvalidPicture = 481;
+
+// Reads a picture file as LoadPicture does: a missing file is "File not found" (53), one that
+// isn't a picture "Invalid picture" (481).
+QPixmap LoadPicture(const QString& path) {
+    if (!QFileInfo(path).isFile()) throw RuntimeError(FileNotFound);
+    QImageReader reader(path);
+    const QImage image = reader.read();
+    if (image.isNull()) throw RuntimeError(InvalidPicture, QStringLiteral("Invalid picture"));
+    return QPixmap::fromImage(image);
+}
+
+// The file names are relative: they are looked up from the current folder, unlike the database,
+// which lies beside the program.
+const QString ImagesFolder = QStringLiteral("Images/");
+
+}  // namespace
+
+void Form1::AfficherImage(const QString& Idx) {
+    // 1. to 3. Its own database and recordset, not the form's.
+    Database base = OpenDatabase(DatabasePath());
+    Recordset aeroports = base.OpenRecordset(QStringLiteral("select * from aéroports  "), dbOpenSnapshot);
+    aeroports.FindFirst(QStringLiteral("idx = ") + Idx);
+    // 4. The search isn't looked at: with no match the current row, the first, names the file.
+    //    The code goes in as it stands in the table.
+    const QString Fichier = ImagesFolder + aeroports.Fields(QStringLiteral("ida")).Concat() + QStringLiteral(".BMP");
+    // 5. to 7. A missing picture is an expected case: a log line on every drawing, never a box.
+    if (QFileInfo(Fichier).isFile()) {
+        Picture1->SetPicture(LoadPicture(Fichier));
+    } else {
+        EcrireLog(QStringLiteral("File Not Found: ") + Fichier, forms_.services().clock);
+        Picture1->SetPicture(LoadPicture(ImagesFolder + QStringLiteral("METEO2.BMP")));
+    }
+    // 8.
+    aeroports.Close();
+    base.Close();
+}
+
+}  // namespace skelda

@@ -1,0 +1,183 @@
+// Form1's life: its loading, the lists of airports and dates, closing, the mouse on its
+// background, and the painting of its line controls. The chart, the readout, the airport picture
+// and the building of the controls have files of their own.
+#include "Form1.h"
+
+#include "Airports.h"
+#include "Forms.h"
+#include "Log.h"
+#include "Regional.h"
+#include "SurfacePainting.h"
+
+#include <QCloseEvent>
+#include <QCursor>
+#include <QGuiApplication>
+#include <QMenu>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QScreen>
+
+#include <memory>
+
+namespace skelda {
+
+class FrmIcone;  // the tray's form: only its window is needed here, for its menu
+
+namespace {
+constexpr int vbFormControlMenu = 0;  // the user closed the window
+constexpr int vbFormCode = 1;         // the program asked it to close
+
+void PaintLine(QPainter& painter, const LineControl& line) {
+    if (!line.Visible) return;
+    QPen pen(ToQColor(line.BorderColor), line.BorderWidth);
+    if (line.Dotted) pen.setStyle(Qt::DotLine);
+    painter.setPen(pen);
+    painter.drawLine(QPointF(line.X1 / TwipsPerPixel, line.Y1 / TwipsPerPixel),
+                     QPointF(line.X2 / TwipsPerPixel, line.Y2 / TwipsPerPixel));
+}
+}  // namespace
+
+Form1::Form1(Forms& forms) : forms_(forms) {
+    BuildControls();
+    WireEvents();
+}
+
+Form1::~Form1() = default;
+
+Form1* Form1::Load(Forms& forms) {
+    auto form = std::make_unique<Form1>(forms);
+    form->Form_Load();
+    return form.release();
+}
+
+QString Form1::DatabasePath() const { return forms_.services().applicationPath + QStringLiteral("/database.mdb"); }
+
+void Form1::WireEvents() {
+    connect(ChoixDate, &ComboBox::Click, this, &Form1::ChoixDate_Click);
+    connect(List1, &ListBox::Click, this, &Form1::List1_Click);
+    connect(List1, &ListBox::MouseMove, this, &Form1::List1_MouseMove);
+    for (int i = 0; i < int(FKNT.size()); ++i) {
+        // A slot label's mouse move is its own event, as on any control, and isn't the form's too.
+        FKNT[i]->setMouseTracking(true);
+        FKNT[i]->setAttribute(Qt::WA_NoMousePropagation);
+        connect(FKNT[i], &Label::MouseMove, this,
+                [this, i](int button, int shift, double x, double y) { FKNT_MouseMove(i, button, shift, x, y); });
+    }
+    // The readout follows the pointer without a button pressed.
+    setMouseTracking(true);
+}
+
+void Form1::Form_Load() {
+    // 1. The wind colours of the chart.
+    FillPaletteForce(forms_.module1().PaletteForce);
+    // 2.
+    EcrireLog(QStringLiteral("Skelda Starting"), forms_.services().clock);
+    // 3. The bottom right corner of the whole screen, in twips: the taskbar isn't taken into
+    //    account, so the window may stand partly under it.
+    const QRect screen = QGuiApplication::primaryScreen()->geometry();
+    const QRect outer = frameGeometry();
+    const double Top = screen.height() * double(TwipsPerPixel) - outer.height() * double(TwipsPerPixel) - 15;
+    const double Left = screen.width() * double(TwipsPerPixel) - outer.width() * double(TwipsPerPixel) - 15;
+    move(ToPixels(Left), ToPixels(Top));
+    // 4. The pressure line at 55 parts of 80 of the chart's height, 1015 hPa on a scale that
+    //    runs from 960 at the bottom to 1040 at the top.
+    Line1015.Y1 = MaxFKNT.Y1 - (MaxFKNT.Y1 - MaxFKNT.Y2) * 55 / 80;
+    Line1015.Y2 = Line1015.Y1;
+    update();
+    // 5. Filling the list raises its Click, which draws nothing yet (ChargementFini is false).
+    ListeAdapter<ListBox> liste(*List1);
+    ChargerAeroports(liste, forms_.module1().TableIDA, DatabasePath());
+    // 6. and 7. The newest date.
+    RemplirDates();
+    ChoixDate->SetListIndex(ChoixDate->Tag.toInt());
+    // 8. The preferred airport. Through the same adapter as the filling, so that an empty list
+    //    (no active airport) selects nothing instead of stopping the start.
+    liste.SetListIndex(List1->Tag.toInt());
+    // 9. and 10.
+    ChargementFini = -1;
+    TracerCourbe();
+}
+
+void Form1::RemplirDates() {
+    // 1.
+    ChoixDate->Clear();
+    ChoixDate->Tag = QStringLiteral("0");
+    // 2.
+    BaseReleves = OpenDatabase(DatabasePath());
+    JeuReleves = BaseReleves.OpenRecordset(
+        QStringLiteral("SELECT Zefir.DateRelevé From zefir GROUP BY Zefir.DateRelevé ORDER BY Zefir.DateRelevé;"),
+        dbOpenSnapshot);
+    // 3. The Tag follows the counter, so it ends on the last entry, the newest date.
+    int compteur = 0;
+    while (!JeuReleves.Eof()) {
+        ChoixDate->AddItem(JeuReleves.Fields(QStringLiteral("daterelevé")).ToText());
+        ChoixDate->Tag = QString::number(compteur);
+        ++compteur;
+        JeuReleves.MoveNext();
+    }
+    // 4.
+    JeuReleves.Close();
+    BaseReleves.Close();
+    JeuReleves = Recordset();
+    BaseReleves = Database();
+    // 5. An empty table: today alone, and the chart will be empty.
+    if (compteur == 0) ChoixDate->AddItem(DateText(forms_.services().clock.Now().date()));
+}
+
+void Form1::Form_QueryUnload(int& Cancel, int /*UnloadMode*/) {
+    // The system lives on in the notification area: whoever asks, the window only hides.
+    Cancel = 1;
+    hide();
+    Tag = QStringLiteral("MASQUE");
+}
+
+void Form1::closeEvent(QCloseEvent* event) {
+    int Cancel = 0;
+    Form_QueryUnload(Cancel, event->spontaneous() ? vbFormControlMenu : vbFormCode);
+    if (Cancel != 0)
+        event->ignore();
+    else
+        event->accept();
+}
+
+void Form1::Form_MouseDown(int Button, int /*Shift*/, double /*X*/, double /*Y*/) {
+    if (Button != vbRightButton) return;
+    // The tray's menu serves the main window too, with the same effects. Like the tray, this
+    // waits until the menu closes.
+    QMenu* menu = forms_.Widget<FrmIcone>().findChild<QMenu*>(QStringLiteral("Menu"));
+    if (menu != nullptr) menu->exec(QCursor::pos());
+}
+
+void Form1::ChoixDate_Click() { TracerCourbe(); }
+
+void Form1::List1_Click() { TracerCourbe(); }
+
+void Form1::List1_MouseMove(int /*Button*/, int Shift, double X, double Y) {
+    // The list's own coordinates fall left of the chart, so the readout goes away as the
+    // pointer enters the list.
+    Form_MouseMove(0, Shift, X, Y);
+}
+
+void Form1::mousePressEvent(QMouseEvent* event) {
+    SurfaceWidget::mousePressEvent(event);
+    const QPointF at = PixelToScale(event->position());
+    Form_MouseDown(ButtonOf(event->button()), ShiftOf(event->modifiers()), at.x(), at.y());
+}
+
+void Form1::mouseMoveEvent(QMouseEvent* event) {
+    SurfaceWidget::mouseMoveEvent(event);
+    const QPointF at = PixelToScale(event->position());
+    Form_MouseMove(ButtonOf(event->buttons()), ShiftOf(event->modifiers()), at.x(), at.y());
+}
+
+void Form1::paintEvent(QPaintEvent* event) {
+    SurfaceWidget::paintEvent(event);
+    // Line controls stand above the form's drawing: the grid stays visible over the bars.
+    QPainter painter(this);
+    for (const LineControl& line : Vline) PaintLine(painter, line);
+    for (const auto& [index, line] : Line1) PaintLine(painter, line);
+    PaintLine(painter, Line1015);
+    PaintLine(painter, MaxFKNT);
+}
+
+}  // namespace skelda

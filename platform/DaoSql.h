@@ -1,0 +1,42 @@
+// The program's query texts in SQLite's dialect, and the FindFirst criteria read by hand.
+//
+// Skelda's queries are written for the desktop engine: [bracketed names], #month/day/year# dates,
+// true and false, Format(time, 'Short Time'). Translate() rewrites those pieces outside string
+// literals and leaves the rest of the text as it stands. Internal to the access layer.
+#pragma once
+
+#include <QString>
+#include <QStringView>
+
+namespace skelda::dao {
+
+// True when a recordset source is an SQL text rather than the name of a table or a query.
+bool IsSqlText(const QString& source);
+
+// A name in SQLite's quotes: "name", with a quote inside written twice.
+QString QuotedIdentifier(QStringView name);
+
+// The text in SQLite's dialect. Throws RuntimeError 3075 for a text that can't be read: a string,
+// bracketed name or date left open, or a #date# that isn't one.
+QString Translate(const QString& sql);
+
+// The table of a query of the plain shape "SELECT ... FROM table [WHERE ...] [ORDER BY ...]",
+// whose rows are rows of that one table and can be written back; empty for any other query.
+QString SingleTableOf(const QString& sql);
+
+// The SQLite text with one more column first in its select list.
+QString WithLeadingColumn(const QString& translated, const QString& column);
+
+// A FindFirst criterion: one column compared with a number or a text.
+struct Criterion {
+    QString column;
+    bool isText = false;
+    QString text;
+    double number = 0;
+};
+
+// Reads "column = number" or "column = 'text'" (also "text", and [column]); a quote inside the
+// text is written twice. Throws RuntimeError 3077 for any other shape.
+Criterion ParseCriterion(const QString& criteria);
+
+}  // namespace skelda::dao

@@ -1,0 +1,86 @@
+// The printer as a drawing surface: the system's default printer, or a PDF file.
+//
+// What is drawn is kept until EndDoc and only then painted on the printer, so that KillDoc can
+// drop a document of which nothing has reached the printer yet.
+#pragma once
+
+#include <QFont>
+#include <QString>
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "PageSurface.h"
+
+class QPainter;
+class QPrinter;
+
+namespace skelda {
+
+class PrinterSurface : public PageSurface {
+public:
+    // The system's default printer.
+    PrinterSurface();
+    // A printer that writes a PDF file at the path (for tests, and for a machine without printers).
+    explicit PrinterSurface(const QString& pdfFile);
+    ~PrinterSurface() override;
+    PrinterSurface(const PrinterSurface&) = delete;
+    PrinterSurface& operator=(const PrinterSurface&) = delete;
+
+    // ---- Drawing state, as on the screen. DrawWidth counts dots of a 600-dot-an-inch printer,
+    // whatever the real printer's resolution. FillStyle starts transparent, both colours black.
+    int DrawWidth() const override { return drawWidth_; }
+    void SetDrawWidth(int width) override;
+    int FillStyle() const override { return fillStyle_; }
+    void SetFillStyle(int style) override;
+    Color FillColor() const override { return fillColor_; }
+    void SetFillColor(Color color) override { fillColor_ = color; }
+    Color ForeColor() const override { return foreColor_; }
+    void SetForeColor(Color color) override { foreColor_ = color; }
+
+    // ---- Drawing, in twips from the top left of the printable area.
+    void Line(double x1, double y1, double x2, double y2, std::optional<Color> color = {}) override;
+    void Box(double x1, double y1, double x2, double y2, std::optional<Color> color = {}) override;
+    void Circle(double x, double y, double radius, std::optional<Color> color = {}, double aspect = 1.0) override;
+    // Paper can't be cleared: "Object doesn't support this property or method" (438).
+    void Cls() override;
+
+    // ---- Text. The default font is the application's family at 10 points.
+    double CurrentX() const override { return currentX_; }
+    double CurrentY() const override { return currentY_; }
+    void SetCurrentX(double x) override { currentX_ = x; }
+    void SetCurrentY(double y) override { currentY_ = y; }
+    double FontSize() const override { return font_.pointSizeF(); }
+    void SetFontSize(double points) override;  // 0 or less: "Invalid property value" (380)
+    double TextWidth(const QString& text) const override;
+    double TextHeight(const QString& text) const override;
+    void Print(const QString& text) override;
+
+    // ---- The page.
+    double Width() const override;
+    double Height() const override;
+    double ScaleWidth() const override;
+    double ScaleHeight() const override;
+    // Paints the document on the printer. A document with nothing drawn prints nothing. A printer
+    // that refuses the job is a RuntimeError "Printer error" (482); the document is dropped.
+    void EndDoc() override;
+    void KillDoc() override;
+
+private:
+    using Step = std::function<void(QPainter&)>;
+    void Keep(Step step) { document_.push_back(std::move(step)); }
+    double DevicePerTwip() const;
+    double PenWidth() const;
+
+    std::unique_ptr<QPrinter> printer_;
+    std::vector<Step> document_;
+    int drawWidth_ = 1;
+    int fillStyle_ = vbFSTransparent;
+    Color fillColor_ = 0;
+    Color foreColor_ = 0;
+    double currentX_ = 0;
+    double currentY_ = 0;
+    QFont font_;
+};
+
+}  // namespace skelda

@@ -1,0 +1,84 @@
+// Hand entry of one METAF text. The procedure runs in the skip-and-continue mode from the opening
+// of the database on: every statement below is one step, a failed step is dropped, and the last
+// failure of any of them decides the result at the end. Nothing clears a failure on the way, so
+// a failed search counts as much as a refused Update.
+#include "HandEntry.h"
+
+#include "Bulletin.h"
+#include "Dao.h"
+#include "Log.h"
+#include "ResumeNext.h"
+
+namespace skelda {
+
+QString EnregistrerMetaf(const QString& Texte, const QString& databasePath, const Clock& clock) {
+    // 1. The decoder never fails; an empty text gives the built-in sample.
+    const Bulletin releve = DecoderMetaf(Texte, clock);
+
+    // 2. From here on, a failed step is skipped.
+    ResumeNext step;
+    Database base;
+    Recordset jeu;  // one recordset variable, used for Aéroports and then for Zefir
+    QString lieu;
+    QString resultat;
+
+    // 3.
+    step([&] { base = OpenDatabase(databasePath); });
+    step([&] { jeu = base.OpenRecordset(QStringLiteral("Aéroports"), dbOpenDynaset); });
+
+    // 4. The test of the search is a step of its own. When it fails, the mode goes on with the
+    // statement behind it, the first of its body: a failed test counts as met.
+    step([&] { jeu.FindFirst(QStringLiteral("IDA = '") + releve.Ida + QStringLiteral("'")); });
+    bool trouve = true;
+    step([&] { trouve = !jeu.NoMatch(); });
+    if (trouve)
+        step([&] {
+            lieu = jeu.Fields(QStringLiteral("ville")).Concat() + QStringLiteral(" - ") +
+                   jeu.Fields(QStringLiteral("aéroport")).Concat();
+        });
+
+    // 5.
+    step([&] { jeu.Close(); });
+
+    if (lieu.isEmpty()) {
+        // 6. No airport of that code: nothing is written and nothing is logged.
+        resultat = QStringLiteral("Erreur : Pas d'aéroport correspondant");
+    } else {
+        // 7. The row, column by column in the order that both writers of Zefir use. The place
+        // stands in lieu, and no airport number is written: a typed observation isn't tied to an
+        // airport, so that the chart and the monthly figures, which select by number, leave it out.
+        step([&] { jeu = base.OpenRecordset(QStringLiteral("Zefir"), dbOpenDynaset); });
+        step([&] { jeu.AddNew(); });
+        step([&] { jeu.SetField(QStringLiteral("lieu"), lieu); });
+        step([&] { jeu.SetField(QStringLiteral("daterelevé"), releve.DateReleve); });
+        step([&] { jeu.SetField(QStringLiteral("heurerelevé"), releve.HeureReleve); });
+        step([&] { jeu.SetField(QStringLiteral("forcenoeuds"), releve.ForceNoeuds); });
+        step([&] { jeu.SetField(QStringLiteral("orientationdegré"), releve.OrientationDegre); });
+        step([&] { jeu.SetField(QStringLiteral("forcerafale"), releve.ForceRafale); });
+        step([&] { jeu.SetField(QStringLiteral("zefirvariable"), releve.ZefirVariable); });
+        step([&] { jeu.SetField(QStringLiteral("secteur1"), releve.Secteur1); });
+        step([&] { jeu.SetField(QStringLiteral("secteur2"), releve.Secteur2); });
+        step([&] { jeu.SetField(QStringLiteral("visibilité"), releve.Visibilite); });
+        step([&] { jeu.SetField(QStringLiteral("temps"), releve.Temps); });
+        step([&] { jeu.SetField(QStringLiteral("nuage"), releve.Nuage); });
+        step([&] { jeu.SetField(QStringLiteral("température"), releve.Temperature); });
+        step([&] { jeu.SetField(QStringLiteral("pression"), releve.Pression); });
+        step([&] { jeu.SetField(QStringLiteral("METAF"), Texte); });
+        step([&] { jeu.Update(); });
+
+        // 8. The last failure since step 2, whichever statement raised it.
+        if (step.Number() != 0) {
+            resultat = QStringLiteral("Error : ") + step.Description();
+            EcrireLog(resultat, clock);
+        }
+        step([&] { jeu.Close(); });
+    }
+
+    // 9.
+    jeu = Recordset();
+    step([&] { base.Close(); });
+    base = Database();
+    return resultat;
+}
+
+}  // namespace skelda

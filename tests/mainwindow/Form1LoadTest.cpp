@@ -1,0 +1,309 @@
+// Form1's load and its life as a window: the start in ten steps, the list of dates, closing that
+// only hides, the tray's menu on a right click, and the lists' clicks.
+#include "MainWindowFixture.h"
+
+#include "Regional.h"
+
+#include <QCloseEvent>
+#include <QGuiApplication>
+#include <QMenu>
+#include <QMouseEvent>
+#include <QScreen>
+#include <QTest>
+#include <QTimer>
+
+using namespace skelda;
+using namespace skelda::test;
+
+namespace skelda {
+
+// A stand-in for the tray's form: only its menu, by name, as the main window finds it.
+class FrmIcone : public QWidget {
+public:
+    FrmIcone() {
+        menu = new QMenu(this);
+        menu->setObjectName(QStringLiteral("Menu"));
+        courbe = menu->addAction(QStringLiteral("Daily Cruve"));
+        QObject::connect(courbe, &QAction::triggered, [this] { ++courbeClicks; });
+    }
+    QMenu* menu;
+    QAction* courbe;
+    int courbeClicks = 0;
+};
+
+}  // namespace skelda
+
+namespace {
+
+class Form1Load : public MainWindow {
+protected:
+    void SendMouse(QWidget* w, QEvent::Type type, Qt::MouseButton button, QPoint at) {
+        QMouseEvent event(type, QPointF(at), w->mapToGlobal(QPointF(at)), button, button, Qt::NoModifier);
+        QCoreApplication::sendEvent(w, &event);
+    }
+    void Provide() {
+        forms.Provide<FrmIcone>([](Forms&) { return new FrmIcone; });
+    }
+};
+
+QStringList Items(const ComboBox& box) {
+    QStringList items;
+    for (int i = 0; i < box.ListCount(); ++i) items.append(box.itemText(i));
+    return items;
+}
+
+}  // namespace
+
+// ---- Form_Load
+
+TEST_F(Form1Load, FillsTheWindColours) {
+    Form();
+    const PaletteForceTable& palette = forms.module1().PaletteForce;
+    EXPECT_EQ(palette(0), RGB(227, 240, 255));
+    EXPECT_EQ(palette(5), RGB(33, 138, 255));
+    EXPECT_EQ(palette(10), RGB(0, 59, 126));
+}
+
+TEST_F(Form1Load, LogsSkeldaStarting) {
+    Form();
+    EXPECT_TRUE(LogText().startsWith(QStringLiteral("20/11/2004 15:07:09 Skelda Starting\r\n")));
+}
+
+TEST_F(Form1Load, StandsInTheBottomRightCornerOfTheWholeScreen) {
+    Form1& form = Form();
+    const QRect screen = QGuiApplication::primaryScreen()->geometry();
+    const QRect outer = form.frameGeometry();
+    // Screen size less the window's size less 15 twips, one pixel; the taskbar isn't counted.
+    EXPECT_EQ(form.pos(), QPoint(screen.width() - outer.width() - 1, screen.height() - outer.height() - 1));
+}
+
+TEST_F(Form1Load, LaysThePressureLineAt55PartsOf80) {
+    Form1& form = Form();
+    EXPECT_DOUBLE_EQ(form.Line1015.Y1, 3662 - (3662.0 - 1261) * 55 / 80);
+    EXPECT_DOUBLE_EQ(form.Line1015.Y2, form.Line1015.Y1);
+    EXPECT_EQ(form.Line1015.X1, 2341);
+    EXPECT_EQ(form.Line1015.X2, 10983);
+}
+
+TEST_F(Form1Load, FillsTheAirportsAndSelectsThePreferredOne) {
+    Form1& form = Form();
+    ASSERT_EQ(form.List1->ListCount(), 3);
+    EXPECT_EQ(form.List1->List(0), QStringLiteral("   London - Heathrow"));
+    EXPECT_EQ(form.List1->ItemData(0), Heathrow);
+    EXPECT_EQ(form.List1->Tag, QStringLiteral("1"));
+    EXPECT_EQ(form.List1->ListIndex(), LigneLeBourget);
+    EXPECT_EQ(forms.module1().TableIDA[0].ToText(), QStringLiteral("EGLL"));
+    EXPECT_EQ(forms.module1().TableIDA[1].ToText(), QStringLiteral("LFPB"));
+}
+
+TEST_F(Form1Load, FillsTheDatesOldestFirstAndSelectsTheNewest) {
+    db.AddObservation(Releve(LeBourget, 10, 0));
+    TestObservation earlier = Releve(Heathrow, 9, 0);
+    earlier.day = QDate(2004, 2, 11);
+    db.AddObservation(earlier);
+    TestObservation later = Releve(Heathrow, 9, 0);
+    later.day = QDate(2004, 11, 3);
+    db.AddObservation(later);
+    db.AddObservation(Releve(Heathrow, 11, 0));  // the same day again: one entry
+    Form1& form = Form();
+    EXPECT_EQ(Items(*form.ChoixDate), QStringList({"11/02/2004", "02/11/2004", "03/11/2004"}));
+    EXPECT_EQ(form.ChoixDate->Tag, QStringLiteral("2"));
+    EXPECT_EQ(form.ChoixDate->ListIndex(), 2);
+}
+
+TEST_F(Form1Load, EndsWithTheFirstDrawingOfThePreferredAirportsNewestDay) {
+    db.AddObservation(Releve(LeBourget, 10, 0));
+    db.AddObservation(Releve(Heathrow, 11, 0));
+    Form1& form = Form();
+    EXPECT_EQ(form.ChargementFini, -1);
+    EXPECT_EQ(form.FKNT[20]->Tag, QStringLiteral("LFPB 021000Z 24010KT CAVOK 12/08 Q1015"));
+    EXPECT_EQ(form.FKNT[22]->Tag, QString());  // Heathrow's row isn't Le Bourget's
+    EXPECT_TRUE(form.TXTbulletin->Caption().startsWith(QStringLiteral("02/11/2004 10:00:00\r\n")));
+    // Filling the lists drew nothing before: one drawing, one picture lookup, one log line.
+    EXPECT_EQ(LogCount(QStringLiteral("File Not Found: Images/LFPB.BMP")), 1);
+}
+
+TEST_F(Form1Load, AnEmptyTableGivesTodayAloneAndAnEmptyChart) {
+    Form1& form = Form();
+    EXPECT_EQ(Items(*form.ChoixDate), QStringList({"20/11/2004"}));
+    EXPECT_EQ(form.ChoixDate->Tag, QStringLiteral("0"));
+    EXPECT_EQ(form.ChoixDate->ListIndex(), 0);
+    EXPECT_EQ(form.TXTbulletin->Caption(), QString());
+    for (Label* slot : form.FKNT) EXPECT_EQ(slot->Tag, QString());
+}
+
+TEST_F(Form1Load, NoActiveAirportLeavesTheListEmptyAndStartsAllTheSame) {
+    ASSERT_TRUE(db.Exec(QStringLiteral("UPDATE \"Aéroports\" SET \"activé\" = 0")));
+    Form1& form = Form();
+    EXPECT_EQ(form.List1->ListCount(), 0);
+    EXPECT_EQ(form.List1->ListIndex(), -1);
+    EXPECT_EQ(form.ChargementFini, -1);
+}
+
+TEST_F(Form1Load, AMissingDatabaseEndsTheStartAfterTheLogLine) {
+    ASSERT_TRUE(QFile::remove(db.Path()));
+    try {
+        Form();
+        FAIL() << "the start went on without a database";
+    } catch (const RuntimeError& e) {
+        EXPECT_EQ(e.Number(), DaoFileNotFound);
+    }
+    EXPECT_FALSE(forms.Loaded<Form1>());
+    EXPECT_EQ(LogCount(QStringLiteral("Skelda Starting")), 1);
+}
+
+// ---- RemplirDates
+
+TEST_F(Form1Load, RemplirDatesSetsItsTagToTheNewestAndKeepsTheSelectionToTheCaller) {
+    db.AddObservation(Releve(LeBourget, 10, 0));
+    Form1& form = Form();
+    TestObservation next = Releve(LeBourget, 0, 10);
+    next.day = QDate(2004, 11, 3);
+    db.AddObservation(next);
+    form.RemplirDates();
+    EXPECT_EQ(Items(*form.ChoixDate), QStringList({"02/11/2004", "03/11/2004"}));
+    EXPECT_EQ(form.ChoixDate->Tag, QStringLiteral("1"));
+    EXPECT_TRUE(form.BaseReleves.IsNothing());
+    EXPECT_TRUE(form.JeuReleves.IsNothing());
+}
+
+TEST_F(Form1Load, ANewDateEntersOnlyAtTheNextRefresh) {
+    db.AddObservation(Releve(LeBourget, 10, 0));
+    Form1& form = Form();
+    TestObservation next = Releve(LeBourget, 0, 10);
+    next.day = QDate(2004, 11, 3);
+    db.AddObservation(next);
+    form.List1->SetListIndex(LigneHeathrow);  // redraws, as a new row's reception does
+    form.TracerCourbe();
+    EXPECT_EQ(Items(*form.ChoixDate), QStringList({"02/11/2004"}));
+    form.RemplirDates();
+    form.ChoixDate->SetListIndex(form.ChoixDate->Tag.toInt());
+    EXPECT_EQ(form.ChoixDate->Text(), QStringLiteral("03/11/2004"));
+}
+
+TEST_F(Form1Load, RemplirDatesOnAnEmptyTableTakesTodayFromTheClock) {
+    Form1& form = Form();
+    clock.Set(QDateTime(QDate(2005, 1, 9), QTime(0, 0, 1)));
+    form.RemplirDates();
+    EXPECT_EQ(Items(*form.ChoixDate), QStringList({"09/01/2005"}));
+    EXPECT_EQ(form.ChoixDate->Tag, QStringLiteral("0"));
+}
+
+// ---- Closing
+
+TEST_F(Form1Load, ClosingTheWindowOnlyHidesIt) {
+    Form1& form = Form();
+    form.show();
+    EXPECT_FALSE(form.close());
+    EXPECT_FALSE(form.isVisible());
+    EXPECT_EQ(form.Tag, QStringLiteral("MASQUE"));
+    EXPECT_TRUE(forms.Loaded<Form1>());
+}
+
+TEST_F(Form1Load, AnyRequestToCloseIsRefusedWhateverItsReason) {
+    Form1& form = Form();
+    form.show();
+    form.Tag = QStringLiteral("VU");
+    QCloseEvent event;  // as a system shutdown asks
+    QCoreApplication::sendEvent(&form, &event);
+    EXPECT_FALSE(event.isAccepted());
+    EXPECT_TRUE(form.isHidden());
+    EXPECT_EQ(form.Tag, QStringLiteral("MASQUE"));
+    for (int mode : {0, 1, 2, 3, 4}) {
+        int cancel = 0;
+        form.Form_QueryUnload(cancel, mode);
+        EXPECT_EQ(cancel, 1) << mode;
+    }
+}
+
+TEST_F(Form1Load, ClosingLeavesThePollCycleRunning) {
+    Form1& form = Form();
+    form.T.SetEnabled(true);
+    form.show();
+    form.close();
+    EXPECT_TRUE(form.T.Enabled());
+    form.T.SetEnabled(false);
+}
+
+// ---- The tray's menu on the background
+
+TEST_F(Form1Load, ARightClickOnTheBackgroundPopsUpTheTraysMenu) {
+    Provide();
+    Form1& form = Form();
+    form.show();
+    bool shown = false;
+    QTimer::singleShot(0, [&] {
+        auto& icone = static_cast<FrmIcone&>(forms.Widget<FrmIcone>());
+        shown = icone.menu->isVisible();
+        icone.courbe->trigger();  // the same effect as from the tray
+        icone.menu->close();
+    });
+    SendMouse(&form, QEvent::MouseButtonPress, Qt::RightButton, QPoint(400, 150));
+    EXPECT_TRUE(shown);
+    EXPECT_EQ(forms.Get<FrmIcone>().courbeClicks, 1);
+    EXPECT_FALSE(forms.Get<FrmIcone>().menu->isVisible());
+    form.hide();
+}
+
+TEST_F(Form1Load, ALeftClickPopsUpNothing) {
+    Provide();
+    Form1& form = Form();
+    SendMouse(&form, QEvent::MouseButtonPress, Qt::LeftButton, QPoint(400, 150));
+    form.Form_MouseDown(vbMiddleButton, 0, 6000, 2000);
+    EXPECT_FALSE(forms.Loaded<FrmIcone>());
+}
+
+// ---- The lists
+
+TEST_F(Form1Load, SelectingAnAirportRedrawsAtOnceButDoesntPoll) {
+    db.AddObservation(Releve(Heathrow, 11, 0));
+    Form1& form = FormOnRecording();
+    EXPECT_EQ(form.FKNT[22]->Tag, QString());
+    form.List1->SetListIndex(LigneHeathrow);
+    EXPECT_GT(recording.Count(DrawOp::Cls), 0);
+    EXPECT_EQ(form.FKNT[22]->Tag, QStringLiteral("LFPB 021100Z 24010KT CAVOK 12/08 Q1015"));
+    EXPECT_EQ(form.W.State(), sckClosed);
+    EXPECT_EQ(form.Caption(), QStringLiteral("Skelda"));
+}
+
+TEST_F(Form1Load, ADoubleClickRedrawsFirstThenAsksForThePoll) {
+    db.AddObservation(Releve(Heathrow, 11, 0));
+    Form1& form = FormOnRecording();
+    form.show();
+    QString tagAtDoubleClick = QStringLiteral("<no double click>");
+    QObject::connect(form.List1, &ListBox::DblClick, [&] { tagAtDoubleClick = form.FKNT[22]->Tag; });
+    const QPoint line = form.List1->visualItemRect(form.List1->item(LigneHeathrow)).center();
+    QTest::mouseDClick(form.List1->viewport(), Qt::LeftButton, {}, line);
+    EXPECT_EQ(tagAtDoubleClick, QStringLiteral("LFPB 021100Z 24010KT CAVOK 12/08 Q1015"));
+    form.hide();
+}
+
+TEST_F(Form1Load, ChoosingADateRedrawsThatDay) {
+    TestObservation other = Releve(LeBourget, 9, 0);
+    other.day = QDate(2004, 11, 3);
+    db.AddObservation(other);
+    db.AddObservation(Releve(LeBourget, 10, 0));
+    Form1& form = Form();
+    EXPECT_EQ(form.FKNT[18]->Tag, QStringLiteral("LFPB 020900Z 24010KT CAVOK 12/08 Q1015"));
+    form.ChoixDate->SetListIndex(0);
+    EXPECT_EQ(form.FKNT[18]->Tag, QString());
+    EXPECT_EQ(form.FKNT[20]->Tag, QStringLiteral("LFPB 021000Z 24010KT CAVOK 12/08 Q1015"));
+}
+
+TEST_F(Form1Load, WhileLoadingIsUnfinishedTheChartDrawsNothing) {
+    Form1 form(forms);
+    form.drawingSurface = &recording;
+    form.FKNT[3]->Tag = QStringLiteral("kept");
+    form.TracerCourbe();
+    EXPECT_TRUE(recording.Calls().empty());
+    EXPECT_EQ(form.FKNT[3]->Tag, QStringLiteral("kept"));
+}
+
+TEST_F(Form1Load, MovingOverTheListTakesTheReadoutAway) {
+    db.AddObservation(Releve(LeBourget, 10, 0));
+    Form1& form = Form();
+    form.Form_MouseMove(0, 0, 2340 + 180 * 20 + 90, 2000);
+    ASSERT_FALSE(form.LeBulletin->isHidden());
+    SendMouse(form.List1->viewport(), QEvent::MouseMove, Qt::NoButton, QPoint(20, 10));
+    EXPECT_TRUE(form.LeBulletin->isHidden());
+}
