@@ -41,7 +41,8 @@ void FillZefir(const QString& path) {
     sqlite3* db = nullptr;
     Check(sqlite3_open_v2(path.toUtf8().constData(), &db, SQLITE_OPEN_READWRITE, nullptr), db);
     const std::unique_ptr<sqlite3, int (*)(sqlite3*)> owner(db, sqlite3_close_v2);
-    Check(sqlite3_exec(db, "PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF; BEGIN", nullptr, nullptr, nullptr), db);
+    Check(sqlite3_exec(db, "PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF; BEGIN", nullptr, nullptr, nullptr),
+          db);
     sqlite3_stmt* insert = nullptr;
     Check(sqlite3_prepare_v2(db,
                              "INSERT INTO Zefir (NumAéroport, daterelevé, heurerelevé, forcenoeuds, orientationdegré, "
@@ -56,9 +57,11 @@ void FillZefir(const QString& path) {
             const QByteArray time = QTime(slot / 2, slot % 2 * 30).toString(QStringLiteral("HH:mm:ss")).toUtf8();
             for (int a = 1; a <= kAirports; ++a) {
                 const int knots = (d * 3 + slot * 7 + a * 5) % 30;
-                const QByteArray direction = QByteArray::number((d * 10 + slot * 15 + a * 30) % 360).rightJustified(3, '0');
+                const QByteArray direction =
+                    QByteArray::number((d * 10 + slot * 15 + a * 30) % 360).rightJustified(3, '0');
                 const QByteArray metaf = "LF" + QByteArray::number(a).rightJustified(2, '0') + ' ' + day.right(2) +
-                                         time.left(2) + time.mid(3, 2) + "Z " + direction + QByteArray::number(knots).rightJustified(2, '0') +
+                                         time.left(2) + time.mid(3, 2) + "Z " + direction +
+                                         QByteArray::number(knots).rightJustified(2, '0') +
                                          "KT 9999 FEW016 12/08 Q1015";
                 sqlite3_bind_int(insert, 1, a);
                 sqlite3_bind_text(insert, 2, day.constData(), int(day.size()), SQLITE_TRANSIENT);
@@ -109,9 +112,10 @@ private:
     Station() {
         QList<SeedAirport> airports;
         for (int a = 1; a <= kAirports; ++a) {
-            airports.append({QStringLiteral("LF%1").arg(a, 2, 10, QLatin1Char('0')), QStringLiteral("Airport %1").arg(a),
-                             QStringLiteral("City %1").arg(a, 2, 10, QLatin1Char('0')), QStringLiteral("1"), true, a == 1,
-                             std::nullopt});
+            airports.append({QStringLiteral("LF%1").arg(a, 2, 10, QLatin1Char('0')),
+                             QStringLiteral("Airport %1").arg(a),
+                             QStringLiteral("City %1").arg(a, 2, 10, QLatin1Char('0')), QStringLiteral("1"), true,
+                             a == 1, std::nullopt});
         }
         QString error;
         const QString path = store_.filePath(QStringLiteral("database.mdb"));

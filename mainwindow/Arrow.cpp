@@ -1,3 +1,4 @@
+// The wind arrow: a stroke through the centre and a dot on the side the wind comes from.
 #include "Arrow.h"
 
 #include "Convert.h"

@@ -76,7 +76,9 @@ bool Contient(const QString& texte, const char* mot) {
 }
 
 // Whether a column holds a number above 0; a Null is not (it compares as unknown).
-bool AuDessusDeZero(const Variant& valeur) { return !valeur.IsNull() && valeur.ToDouble() > 0; }
+bool AuDessusDeZero(const Variant& valeur) {
+    return !valeur.IsNull() && valeur.ToDouble() > 0;
+}
 
 QString NomLong(const Variant& degres) {
     QString texte = degres.ToText();
@@ -174,8 +176,8 @@ void Form1::TracerCourbe() {
         // 4. and 5. A later row of the same slot replaces the text; its drawing stays under.
         barre->Tag = champ("METAF").ToText();
         barre->setToolTip(champ("forcenoeuds").Concat() + QStringLiteral(" Noeuds - ") + ForceBeaufort(forceNoeuds) +
-                          QStringLiteral(" de ") + NomLong(champ("orientationdegré")) +
-                          QStringLiteral(" - Pression ") + champ("pression").Concat() + QStringLiteral(" hpa."));
+                          QStringLiteral(" de ") + NomLong(champ("orientationdegré")) + QStringLiteral(" - Pression ") +
+                          champ("pression").Concat() + QStringLiteral(" hpa."));
 
         // 6. and 7. The bar in its class's colour, edged in the next darker one. The table ends
         //    at class 10, so 49 knots stop the chart at the edge and 54 at the class itself.

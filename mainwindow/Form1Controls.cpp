@@ -11,6 +11,9 @@
 #include <QFrame>
 #include <QIcon>
 
+#include <iterator>
+#include <tuple>
+
 namespace skelda {
 
 namespace {
@@ -35,7 +38,9 @@ constexpr double GridRight = 10983;
 constexpr double SlotLeft = 2340;  // left of slot 0, of hour 0
 constexpr double SlotStep = 180;   // one half hour
 
-QString Indexed(const char* name, int index) { return QStringLiteral("%1(%2)").arg(QLatin1String(name)).arg(index); }
+QString Indexed(const char* name, int index) {
+    return QStringLiteral("%1(%2)").arg(QLatin1String(name)).arg(index);
+}
 
 void SetTextColour(QWidget* w, Color colour) {
     QPalette p = w->palette();
@@ -50,8 +55,8 @@ void SetBackgroundColour(QWidget* w, Color colour) {
     w->setAutoFillBackground(true);
 }
 
-Label* NewLabel(QWidget* parent, const QString& name, const QString& caption, double left, double top,
-                double width, double height, Qt::Alignment align = Qt::AlignLeft | Qt::AlignVCenter) {
+Label* NewLabel(QWidget* parent, const QString& name, const QString& caption, double left, double top, double width,
+                double height, Qt::Alignment align = Qt::AlignLeft | Qt::AlignVCenter) {
     auto* label = new Label(parent);
     label->setObjectName(name);
     // Captions are shown as they are written: a METAF or a bulletin is never markup.
@@ -62,8 +67,8 @@ Label* NewLabel(QWidget* parent, const QString& name, const QString& caption, do
     return label;
 }
 
-QGroupBox* NewFrame(QWidget* parent, const char* name, const QString& caption, double left, double top,
-                    double width, double height) {
+QGroupBox* NewFrame(QWidget* parent, const char* name, const QString& caption, double left, double top, double width,
+                    double height) {
     auto* frame = new QGroupBox(caption, parent);
     frame->setObjectName(QLatin1String(name));
     Place(frame, left, top, width, height);
@@ -92,7 +97,7 @@ void BuildGrid(Form1& f) {
         f.Vline[i] = NewLine(x, Bas, x, Haut, LightGrey);
     }
     // One horizontal line every 8 degrees, top to bottom; the indices are the design's own.
-    const std::pair<int, double> levels[] = {{16, 1261}, {1, 1501}, {2, 1741}, {3, 1981}, {4, 2221}, {0, 2462},
+    const std::pair<int, double> levels[] = {{16, 1261}, {1, 1501}, {2, 1741}, {3, 1981},  {4, 2221}, {0, 2462},
                                              {6, 2702},  {7, 2942}, {8, 3182}, {11, 3422}, {5, 3662}};
     for (const auto& [index, y] : levels) f.Line1[index] = NewLine(AxisX, y, GridRight, y, index == 0 ? Pink : Grey);
 }
@@ -119,10 +124,11 @@ void BuildScales(Form1& f) {
     small.setPointSizeF(small.pointSizeF() - 1);
     // The temperature scale on the left axis, one caption centred on each grid line but the
     // lowest, and the wind's top at the right end of the top line.
-    const char* captions[] = {"50 nds", "40 °",   "0 °",    "8 °",   "16 °",  "24 °",
-                              "32 °",   "- 8 °",  "- 16 °", "- 24°", "- 32 °"};
+    const char* captions[] = {"50 nds", "40 °",  "0 °",    "8 °",   "16 °",  "24 °",
+                              "32 °",   "- 8 °", "- 16 °", "- 24°", "- 32 °"};
     const double levels[] = {1261, 1261, 2462, 2221, 1981, 1741, 1501, 2702, 2942, 3182, 3422};
-    for (int i = 0; i < int(f.Label9.size()); ++i) {
+    static_assert(std::size(captions) == std::tuple_size_v<decltype(f.Label9)>);
+    for (int i = 0; i < int(std::size(captions)); ++i) {
         const QString caption = QString::fromUtf8(captions[i]);
         if (i == 0)
             f.Label9[i] = NewLabel(&f, Indexed("Label9", i), caption, 11010, levels[i] - 90, 690, 180);
@@ -136,7 +142,8 @@ void BuildScales(Form1& f) {
     const char* windCaptions[] = {"0 nds", "25 nds", "1015 hpa"};
     const double windLevels[] = {Bas, (Bas + Haut) / 2, Bas - (Bas - Haut) * 55 / 80};
     const Color windColours[] = {Navy, Navy, DarkOlive};
-    for (int i = 0; i < int(f.Label10.size()); ++i) {
+    static_assert(std::size(windCaptions) == std::tuple_size_v<decltype(f.Label10)>);
+    for (int i = 0; i < int(std::size(windCaptions)); ++i) {
         f.Label10[i] = NewLabel(&f, Indexed("Label10", i), QString::fromUtf8(windCaptions[i]), 11010,
                                 windLevels[i] - 90, 690, 180);
         f.Label10[i]->setFont(small);
@@ -156,10 +163,12 @@ void BuildAirportList(Form1& f) {
     f.List1 = new ListBox(f.Frame4);
     f.List1->setObjectName(QStringLiteral("List1"));
     f.List1->setToolTip(QStringLiteral("Click pour voir le graphique - Double Click pour faire un relevé."));
-    Place(f.List1, 90, 225, 2820, 855);
+    Place(f.List1, 90, 225, 2760, 855);
+    // Every line fits the width; a horizontal bar would only take a line's room.
+    f.List1->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     f.ChoixDate = new ComboBox(f.Frame4);
     f.ChoixDate->setObjectName(QStringLiteral("ChoixDate"));
-    Place(f.ChoixDate, 2970, 225, 1320, 330);
+    Place(f.ChoixDate, 2910, 225, 1380, 330);
 }
 
 void BuildLastObservation(Form1& f) {
@@ -175,8 +184,8 @@ void BuildLastObservation(Form1& f) {
     QFont bold = f.font();
     bold.setBold(true);
     for (int i = 0; i < int(f.TxtDir.size()); ++i) {
-        f.TxtDir[i] = NewLabel(f.PV, Indexed("TxtDir", i), QLatin1String(letters[i]), places[i][0], places[i][1],
-                               150, 150, Qt::AlignCenter);
+        f.TxtDir[i] = NewLabel(f.PV, Indexed("TxtDir", i), QLatin1String(letters[i]), places[i][0], places[i][1], 150,
+                               150, Qt::AlignCenter);
         f.TxtDir[i]->setFont(bold);
     }
     Label** lines[] = {&f.Label1, &f.Label2, &f.Label3, &f.Label6, &f.TXTforce};
@@ -225,8 +234,8 @@ void BuildBulletin(Form1& f) {
     small.setPointSizeF(7.5);
     QFont bold = small;
     bold.setBold(true);
-    f.TXTtitre = NewLabel(f.LeBulletin, QStringLiteral("TXTtitre"), QStringLiteral("Last Observation"), 105, 225,
-                          1500, 300);
+    f.TXTtitre =
+        NewLabel(f.LeBulletin, QStringLiteral("TXTtitre"), QStringLiteral("Last Observation"), 105, 225, 1500, 300);
     f.TXTtitre->setFont(bold);
     SetTextColour(f.TXTtitre, RGB(255, 255, 255));
     f.TXTbulletin = NewLabel(f.LeBulletin, QStringLiteral("TXTbulletin"), QString(), 105, 615, 1515, 2640,

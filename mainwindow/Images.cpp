@@ -10,7 +10,9 @@ namespace {
 constexpr int InvalidKey = 35603;
 }
 
-Image::Image(QWidget* parent) : QLabel(parent) { setAlignment(Qt::AlignCenter); }
+Image::Image(QWidget* parent) : QLabel(parent) {
+    setAlignment(Qt::AlignCenter);
+}
 
 void Image::SetPicture(const QPixmap& picture) {
     picture_ = picture;

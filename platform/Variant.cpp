@@ -70,7 +70,7 @@ QString Variant::ToText() const {
         // A date shows without its time at midnight, and a time of day 0 without its date.
         const double serial = std::get<DateTag>(v_).serial;
         const QDateTime moment = FromSerialDate(serial);
-        if (std::floor(serial) == 0 && serial != 0) return skelda::TimeText(moment.time());
+        if (std::floor(serial) == 0) return skelda::TimeText(moment.time());  // midnight too
         if (moment.time() == QTime(0, 0)) return skelda::DateText(moment.date());
         return DateTimeText(moment);
     }

@@ -12,7 +12,9 @@ constexpr Color PressionTrait = RGB(128, 128, 0);
 constexpr Color TemperatureTrait = RGB(192, 0, 192);
 constexpr Color ArrowColour = 150;
 
-double Centre(int slot) { return 2340 + 180 * slot + 97.5; }
+double Centre(int slot) {
+    return 2340 + 180 * slot + 97.5;
+}
 
 class DayChart : public MainWindow {
 protected:
@@ -306,9 +308,9 @@ TEST_F(DayChart, ANullPressureJoinsTheToolTipAsAnEmptyText) {
 
 TEST_F(DayChart, ANullMetafIsAnInvalidUseOfNull) {
     Form1& form = Draw({});
-    ASSERT_TRUE(db.Exec(QStringLiteral(
-        "INSERT INTO \"Zefir\" (\"NumAéroport\", \"daterelevé\", \"heurerelevé\", \"forcenoeuds\", "
-        "\"orientationdegré\") VALUES (1, '2004-11-20', '10:00:00', 5, '240')")));
+    ASSERT_TRUE(db.Exec(
+        QStringLiteral("INSERT INTO \"Zefir\" (\"NumAéroport\", \"daterelevé\", \"heurerelevé\", \"forcenoeuds\", "
+                       "\"orientationdegré\") VALUES (1, '2004-11-20', '10:00:00', 5, '240')")));
     EXPECT_EQ(Failure(form), InvalidUseOfNull);
     EXPECT_EQ(recording.Boxes().size(), 0u);
 }
@@ -354,8 +356,8 @@ TEST_F(DayChart, AnyNullSkyIsSun) {
 
 TEST_F(DayChart, TheWeatherGoesOverTheSkyAndTheLastMatchWins) {
     const std::pair<const char*, const char*> cases[] = {
-        {" pluie faible", "RAIN"}, {" PLUIE", "RAIN"}, {" pluie orage", "STORM"}, {" orage pluie", "STORM"},
-        {" pluie brouillard", "FOG"}, {" brume", "FOG"}, {" Rain Light", "CLOUD"}, {" neige", "CLOUD"}};
+        {" pluie faible", "RAIN"},    {" PLUIE", "RAIN"}, {" pluie orage", "STORM"}, {" orage pluie", "STORM"},
+        {" pluie brouillard", "FOG"}, {" brume", "FOG"},  {" Rain Light", "CLOUD"},  {" neige", "CLOUD"}};
     QList<TestObservation> rows;
     for (int h = 0; h < int(std::size(cases)); ++h) {
         TestObservation row = Releve(LeBourget, h, 5);
@@ -403,13 +405,12 @@ TEST_F(DayChart, TheBulletinOfAGustyThirtyKnotRowRepeatsTheMeanForce) {
     row.forcerafale = 45;
     row.temps = QStringLiteral("  pluie  ");
     Form1& form = Draw({row});
-    EXPECT_EQ(form.TXTbulletin->Caption(),
-              QStringLiteral("02/11/2004 10:00:00\r\n"
-                             "Wind from West South West Force 7 avec rafale à Force 7\r\n"
-                             "Visibility greater then 10 Km\r\n"
-                             "pluie\r\n"
-                             "Temperature undercover 12° C.\r\n"
-                             "Pressure 1015 hpa"));
+    EXPECT_EQ(form.TXTbulletin->Caption(), QStringLiteral("02/11/2004 10:00:00\r\n"
+                                                          "Wind from West South West Force 7 avec rafale à Force 7\r\n"
+                                                          "Visibility greater then 10 Km\r\n"
+                                                          "pluie\r\n"
+                                                          "Temperature undercover 12° C.\r\n"
+                                                          "Pressure 1015 hpa"));
 }
 
 TEST_F(DayChart, TheBulletinOfAShiftingWindNamesBothEnds) {
@@ -434,11 +435,10 @@ TEST_F(DayChart, EmptyPhrasesLeaveNoEmptyLineInOnePass) {
     TestObservation row = Releve(LeBourget, 10, 0, 12);
     row.visibilite.clear();  // with no weather either: three line ends in a row
     Form1& form = Draw({row});
-    EXPECT_EQ(form.TXTbulletin->Caption(),
-              QStringLiteral("02/11/2004 10:00:00\r\n"
-                             "Wind from West South West Force 4\r\n\r\n"
-                             "Temperature undercover 12° C.\r\n"
-                             "Pressure 1015 hpa"));
+    EXPECT_EQ(form.TXTbulletin->Caption(), QStringLiteral("02/11/2004 10:00:00\r\n"
+                                                          "Wind from West South West Force 4\r\n\r\n"
+                                                          "Temperature undercover 12° C.\r\n"
+                                                          "Pressure 1015 hpa"));
 }
 
 TEST_F(DayChart, NullTemperatureAndPressureLeaveTheirWordsBare) {
@@ -446,8 +446,7 @@ TEST_F(DayChart, NullTemperatureAndPressureLeaveTheirWordsBare) {
     row.temperature.reset();
     row.pression.reset();
     Form1& form = Draw({row});
-    EXPECT_TRUE(form.TXTbulletin->Caption().endsWith(
-        QStringLiteral("Temperature undercover ° C.\r\nPressure  hpa")));
+    EXPECT_TRUE(form.TXTbulletin->Caption().endsWith(QStringLiteral("Temperature undercover ° C.\r\nPressure  hpa")));
 }
 
 TEST_F(DayChart, NoRowMeansAnEmptyChartAnEmptyBulletinAndStillThePicture) {

@@ -35,9 +35,10 @@ protected:
 }  // namespace
 
 TEST_F(Form1Controls, EveryControlIsFoundByItsDesignName) {
-    for (const char* name : {"Frame4", "List1", "ChoixDate", "Frame1", "TXTtitre", "LeBulletin", "TXTbulletin", "Label1",
-                             "Label2", "Label3", "Label6", "TXTforce", "PV", "Label4", "Label5", "Label7", "Label11",
-                             "Label12", "Picture1", "Shape1", "Shape2", "wwwsource"})
+    for (const char* name :
+         {"Frame4",  "List1",   "ChoixDate", "Frame1",   "TXTtitre", "LeBulletin", "TXTbulletin", "Label1",
+          "Label2",  "Label3",  "Label6",    "TXTforce", "PV",       "Label4",     "Label5",      "Label7",
+          "Label11", "Label12", "Picture1",  "Shape1",   "Shape2",   "wwwsource"})
         EXPECT_NE(Find(QLatin1String(name)), nullptr) << name;
     for (int i = 0; i < 48; ++i) EXPECT_EQ(Find(Indexed("FKNT", i)), form->FKNT[i]) << i;
     for (int i = 0; i < 24; ++i) {
@@ -67,7 +68,8 @@ TEST_F(Form1Controls, DesignTextsStandLetterForLetter) {
     EXPECT_EQ(form->Label4->Caption(), QStringLiteral("Local Time:"));
     EXPECT_EQ(form->Label7->Caption(), QStringLiteral("Zulu:"));
     EXPECT_EQ(form->Label12->Caption(), QStringLiteral("Skelda B.0.032"));
-    EXPECT_EQ(form->List1->toolTip(), QStringLiteral("Click pour voir le graphique - Double Click pour faire un relevé."));
+    EXPECT_EQ(form->List1->toolTip(),
+              QStringLiteral("Click pour voir le graphique - Double Click pour faire un relevé."));
     EXPECT_EQ(form->TXTbulletin->Caption(), QString());
     const QStringList letters{QStringLiteral("O"), QStringLiteral("N"), QStringLiteral("E"), QStringLiteral("S")};
     for (int i = 0; i < 4; ++i) EXPECT_EQ(form->TxtDir[i]->Caption(), letters[i]);
@@ -77,7 +79,9 @@ TEST_F(Form1Controls, DesignTextsStandLetterForLetter) {
 TEST_F(Form1Controls, TheObservationFrameShowsWindAmpersandTemp) {
     // An ampersand shows only when doubled; the single one marks the access key.
     QString shown = form->Frame1->title();
-    shown.replace(QStringLiteral("&&"), QStringLiteral("\x01")).remove(QLatin1Char('&')).replace(QChar(1), QLatin1Char('&'));
+    shown.replace(QStringLiteral("&&"), QStringLiteral("\x01"))
+        .remove(QLatin1Char('&'))
+        .replace(QChar(1), QLatin1Char('&'));
     EXPECT_EQ(shown, QStringLiteral("Wind & Temp."));
 }
 
@@ -90,7 +94,8 @@ TEST_F(Form1Controls, HourLabelsRead00To23AtTheirHours) {
 }
 
 TEST_F(Form1Controls, ScaleCaptionsByIndexWithTheirColours) {
-    const QStringList label9{"50 nds", "40 °", "0 °", "8 °", "16 °", "24 °", "32 °", "- 8 °", "- 16 °", "- 24°", "- 32 °"};
+    const QStringList label9{"50 nds", "40 °",  "0 °",    "8 °",   "16 °",  "24 °",
+                             "32 °",   "- 8 °", "- 16 °", "- 24°", "- 32 °"};
     for (int i = 0; i < 11; ++i) {
         EXPECT_EQ(form->Label9[i]->Caption(), label9[i]) << i;
         const QColor expected = i == 0 ? QColor(0, 0, 128) : QColor(192, 0, 192);
@@ -106,7 +111,8 @@ TEST_F(Form1Controls, ScaleCaptionsByIndexWithTheirColours) {
 
 TEST_F(Form1Controls, TheTemperatureCaptionsStandOnTheirGridLinesLeftOfTheAxis) {
     // 40 degrees at the top, 0 on the pink line, 8 degrees a line.
-    const std::pair<int, int> onLine[] = {{1, 16}, {2, 0}, {3, 4}, {4, 3}, {5, 2}, {6, 1}, {7, 6}, {8, 7}, {9, 8}, {10, 11}};
+    const std::pair<int, int> onLine[] = {{1, 16}, {2, 0}, {3, 4}, {4, 3}, {5, 2},
+                                          {6, 1},  {7, 6}, {8, 7}, {9, 8}, {10, 11}};
     for (const auto& [label, line] : onLine) {
         const double middle = TopOf(form->Label9[label]) + HeightOf(form->Label9[label]) / 2;
         EXPECT_NEAR(middle, form->Line1.at(line).Y1, 15) << label;
@@ -161,7 +167,7 @@ TEST_F(Form1Controls, TheVerticalGridHasOneLightGreyLineASlot) {
 }
 
 TEST_F(Form1Controls, TheHorizontalGridKeepsItsDesignIndices) {
-    const std::pair<int, double> levels[] = {{16, 1261}, {1, 1501}, {2, 1741}, {3, 1981}, {4, 2221}, {0, 2462},
+    const std::pair<int, double> levels[] = {{16, 1261}, {1, 1501}, {2, 1741}, {3, 1981},  {4, 2221}, {0, 2462},
                                              {6, 2702},  {7, 2942}, {8, 3182}, {11, 3422}, {5, 3662}};
     EXPECT_EQ(form->Line1.size(), 11u);
     for (const auto& [index, y] : levels) {

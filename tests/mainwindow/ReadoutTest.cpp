@@ -15,18 +15,20 @@ const QString Variable = QStringLiteral("LFPB 021030Z VRB03KT 9999 12/08 Q1015")
 const QString BadDirection = QStringLiteral("LFPB 021130Z BCFG 9999 12/08 Q1015");
 
 // X of a pointer at Q columns right of the axis.
-double AtColumns(double q) { return 2341 + 180 * q; }
+double AtColumns(double q) {
+    return 2341 + 180 * q;
+}
 
 class Readout : public MainWindow {
 protected:
     void SetUp() override {
         MainWindow::SetUp();
         Add(0, 0, QStringLiteral("LFPB 020000Z 24005KT 9999 12/08 Q1015"));
-        Add(1, 0, QStringLiteral("LFPB 020100Z 24005KT 9999 12/08 Q1015"));  // slot 2
-        Add(2, 0, QStringLiteral("LFPB 020200Z 24005KT 9999 12/08 Q1015"));  // slot 4
-        Add(10, 0, Gusty);                                                    // slot 20
-        Add(10, 30, Variable);                                                // slot 21
-        Add(11, 30, BadDirection);                                            // slot 23
+        Add(1, 0, QStringLiteral("LFPB 020100Z 24005KT 9999 12/08 Q1015"));    // slot 2
+        Add(2, 0, QStringLiteral("LFPB 020200Z 24005KT 9999 12/08 Q1015"));    // slot 4
+        Add(10, 0, Gusty);                                                     // slot 20
+        Add(10, 30, Variable);                                                 // slot 21
+        Add(11, 30, BadDirection);                                             // slot 23
         Add(23, 30, QStringLiteral("LFPB 022330Z 24005KT 9999 12/08 Q1015"));  // slot 47
     }
     void Add(int h, int m, const QString& metaf) {

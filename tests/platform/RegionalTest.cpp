@@ -79,6 +79,7 @@ TEST(Variant, DatesAndTimesReadBackAndShowByTheSettings) {
     const Variant time = Variant::FromTime(QTime(10, 15));
     EXPECT_EQ(time.ToText(), QStringLiteral("10:15:00"));
     EXPECT_EQ(time.ToDateTime().time(), QTime(10, 15));
+    EXPECT_EQ(Variant::FromTime(QTime(0, 0)).ToText(), QStringLiteral("00:00:00"));  // day 0 shows no date
     EXPECT_EQ(Variant(QStringLiteral("02/11/2004")).ToDateTime().date(), QDate(2004, 11, 2));
     EXPECT_EQ(Variant(QStringLiteral("10:00")).ToDateTime().time(), QTime(10, 0));
     EXPECT_THROW((void)Variant(QStringLiteral("soon")).ToDateTime(), RuntimeError);
