@@ -1,8 +1,45 @@
 // Skelda: a desktop weather station for airports that lives in the notification area.
-#include <QApplication>
+//
+// main builds the production services and the forms' meeting place, loads the start form (which
+// loads the main window first), shows it as the start-up screen and runs the event loop. The run
+// ends only through the tray menu's Quit, or after a run-time error box.
+#include "Acquisition.h"
+#include "Application.h"
+#include "Artwork.h"
+#include "Form1.h"
+#include "FormMetaf.h"
+#include "Forms.h"
+#include "FrmIcone.h"
+#include "Servers.h"
 
 int main(int argc, char* argv[]) {
-    QApplication app(argc, argv);
+    using namespace skelda;
+    ScreenMessageBoxes boxes;
+    Application app(argc, argv, boxes);
     QApplication::setApplicationName(QStringLiteral("Skelda"));
-    return 0;
+    // Closing the main window only hides it, and the start form hides itself: the program lives
+    // on with no window at all.
+    QApplication::setQuitOnLastWindowClosed(false);
+    InitArtwork();
+
+    SystemClock clock;
+    SystemRandom random;
+    Services services{clock,
+                      random,
+                      boxes,
+                      ObservationServer(),
+                      ForecastPortal(),
+                      NewsServer(),
+                      QCoreApplication::applicationDirPath()};
+    Forms forms(services);
+    forms.Provide<Form1>(&LoadForm1WithPollCycle);
+    forms.Provide<FrmIcone>(&FrmIcone::Load);
+    forms.Provide<FormMetaf>([](Forms& f) { return new FormMetaf(f.services()); });
+
+    // The start form: its load loads Form1 (log, database, first chart) and adds the icon. A
+    // failure there (a missing database, say) is a run-time error, shown by the box of the
+    // event that first touches the forms, so the load runs from the event loop.
+    QMetaObject::invokeMethod(
+        &app, [&forms] { forms.Widget<FrmIcone>().show(); }, Qt::QueuedConnection);
+    return QApplication::exec();
 }

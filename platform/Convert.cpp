@@ -7,7 +7,9 @@ namespace skelda {
 
 namespace {
 
-bool IsBlank(QChar c) { return c == u' '; }
+// Blanks around a number: the space, and the tab and line ends, so that the last group of a
+// station file ("Q1015" followed by the file's line end) still reads as a number.
+bool IsBlank(QChar c) { return c == u' ' || c == u'\t' || c == u'\r' || c == u'\n'; }
 bool IsDigit(QChar c) { return c >= u'0' && c <= u'9'; }
 
 // Parses the number of a text by hand: the common case (a few plain digits) must stay cheap,

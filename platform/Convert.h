@@ -5,9 +5,9 @@
 // text that holds no number is a Type mismatch. The ...Of forms give a Fallible and never throw;
 // the plain forms throw RuntimeError.
 //
-// A text counts as a number when it is, after optional blanks: an optional sign, digits with at
-// most one "." among or before them, an optional exponent (E or e, optional sign, digits), and
-// optional blanks again. So "12", " 12 ", "-3", "2.5", "1E3" are numbers; "", "//", "12/10",
+// A text counts as a number when it is, after optional blanks (spaces, tabs, line ends): an
+// optional sign, digits with at most one "." among or before them, an optional exponent (E or e,
+// optional sign, digits), and optional blanks again. So "12", " 12 ", "-3", "2.5", "1E3" are numbers; "", "//", "12/10",
 // "M05", "1 1/2SM" are not.
 #pragma once
 

@@ -16,6 +16,8 @@ class SurfaceWidget : public QWidget, public Surface {
 public:
     explicit SurfaceWidget(QWidget* parent = nullptr);
 
+    QString Tag;  // a small text state, as every control has
+
     // ---- Drawing state. DrawWidth is in pixels (1 and up); FillStyle 0 solid, 1 transparent (the
     // default), 2 to 7 hatched. A width below 1 or a style outside 0 to 7 is an "Invalid property
     // value" (380). ForeColor and FillColor start black.

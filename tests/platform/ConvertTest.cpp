@@ -105,3 +105,11 @@ TEST(Convert, FallibleThenSkipsAfterAFailure) {
     EXPECT_EQ(failed.Error(), TypeMismatch);
     EXPECT_THROW(failed.Value(), RuntimeError);
 }
+
+TEST(Convert, LineEndsAroundANumberCountAsBlanks) {
+    EXPECT_EQ(CInt(u"1015\n"), 1015);
+    EXPECT_EQ(CInt(u"1015\r\n"), 1015);
+    EXPECT_EQ(CInt(u"\t7"), 7);
+    EXPECT_EQ(CIntOf(u"\n").Error(), TypeMismatch);
+    EXPECT_EQ(CIntOf(u"10\n15").Error(), TypeMismatch);
+}

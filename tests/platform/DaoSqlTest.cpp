@@ -2,23 +2,15 @@
 #include <gtest/gtest.h>
 
 #include "Dao.h"
+#include "Failures.h"
 #include "DaoSql.h"
 
 using namespace skelda;
+using namespace skelda::test;
 using namespace skelda::dao;
 using namespace Qt::StringLiterals;
 
 namespace {
-
-template <class F>
-int ErrorOf(F&& statement) {
-    try {
-        statement();
-    } catch (const RuntimeError& e) {
-        return e.Number();
-    }
-    return 0;
-}
 
 }  // namespace
 

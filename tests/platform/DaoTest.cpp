@@ -6,6 +6,7 @@
 #include <QTemporaryDir>
 
 #include "Dao.h"
+#include "Failures.h"
 #include "TestDatabase.h"
 
 using namespace skelda;
@@ -13,26 +14,6 @@ using namespace skelda::test;
 using namespace Qt::StringLiterals;
 
 namespace {
-
-template <class F>
-int ErrorOf(F&& statement) {
-    try {
-        statement();
-    } catch (const RuntimeError& e) {
-        return e.Number();
-    }
-    return 0;
-}
-
-template <class F>
-QString DescriptionOf(F&& statement) {
-    try {
-        statement();
-    } catch (const RuntimeError& e) {
-        return e.Description();
-    }
-    return {};
-}
 
 class DaoTest : public ::testing::Test {
 protected:

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "Dao.h"
+#include "Failures.h"
 #include "TestDatabase.h"
 
 using namespace skelda;
@@ -10,26 +11,6 @@ using namespace skelda::test;
 using namespace Qt::StringLiterals;
 
 namespace {
-
-template <class F>
-int ErrorOf(F&& statement) {
-    try {
-        statement();
-    } catch (const RuntimeError& e) {
-        return e.Number();
-    }
-    return 0;
-}
-
-template <class F>
-QString DescriptionOf(F&& statement) {
-    try {
-        statement();
-    } catch (const RuntimeError& e) {
-        return e.Description();
-    }
-    return {};
-}
 
 class DaoWriteTest : public ::testing::Test {
 protected:

@@ -1,0 +1,169 @@
+// The heartbeat of Skelda: the one-second tick of T, the start of a poll, and the time-out of an
+// unanswered request.
+#include <QCoreApplication>
+#include <cmath>
+#include <utility>
+
+#include "Acquisition.h"
+#include "Convert.h"
+#include "Form1.h"
+#include "Forms.h"
+#include "News.h"
+#include "Regional.h"
+#include "ResumeNext.h"
+#include "Text.h"
+
+namespace skelda {
+
+namespace {
+
+// The local clock's parts, as the tick shows them.
+struct HeureLocale {
+    QString hh;  // the hour: as the clock wrote it, or a number once it was changed
+    QString mm;
+    QString ss;
+};
+
+// Splits the clock's text by hand, as "3:07:09 PM" or "15:07:09", without any date type, so
+// that the labels show the parts as the system wrote them: an hour left alone keeps its leading
+// zero, an hour that was changed is a number and loses it. A clock text without ":" fails (5).
+HeureLocale DecouperHeure(const QString& Heure) {
+    HeureLocale h;
+    const qsizetype finHeure = InStr(Heure, u":");
+    h.hh = Left(Heure, finHeure - 1).toString();
+    // A 12-hour clock: the afternoon's hours move up by 12. Midnight's "12 AM" isn't below 12 and
+    // stays 12, by intent: the clock then reads 12:30 where a 24-hour clock would read 0:30.
+    if (CDbl(h.hh) < 12 && InStr(Heure, u"PM", Qt::CaseInsensitive) > 0) h.hh = NumberText(CDbl(h.hh) + 12);
+    if (CDbl(h.hh) >= 24) h.hh = NumberText(CDbl(h.hh) - 24);
+
+    const QString reste = Mid(Heure, finHeure + 1).toString();
+    const qsizetype finMinutes = InStr(reste, u":");
+    h.mm = Left(reste, finMinutes - 1).toString();
+    // The seconds are as long as the minutes were, which drops a trailing " PM" or " AM".
+    h.ss = Left(Mid(reste, finMinutes + 1), finMinutes - 1).toString();
+    return h;
+}
+
+// The UTC hour of the Zulu clock. The 5 is a fixed number, by design: neither the machine's time
+// zone nor the airport's. An hour of 12 at midnight on a 12-hour clock gives 17.
+QString HeureZulu(const QString& hh) {
+    double heure = CDbl(hh) + 5;
+    if (heure >= 24) heure -= 24;
+    return NumberText(heure);
+}
+
+// The statements of one tick: run plainly, so that a failure reaches the caller, or, once the
+// tick is protected, each through the one ResumeNext, so that a failing one is skipped.
+class Instructions {
+public:
+    void Proteger() { protege_ = true; }
+    template <class F>
+    void operator()(F&& statement) {
+        if (protege_)
+            step_(std::forward<F>(statement));
+        else
+            statement();
+    }
+
+private:
+    bool protege_ = false;
+    ResumeNext step_;
+};
+
+void PollSuivant(Form1& f, Instructions& run) {
+    // An empty List1 has no entry to select: the poll is left out and the countdown starts
+    // again, so that a run with no active airport simply waits.
+    if (f.List1->ListCount() == 0) {
+        f.SecondesAttente = 0;
+        return;
+    }
+    run([&] { f.IndexReleve = Add16(f.IndexReleve, 1).Value(); });
+    if (f.IndexReleve > f.List1->ListCount() - 1) f.IndexReleve = 0;
+    // Selecting the entry redraws its chart through the list's Click, as a user's click does.
+    run([&] { f.List1->SetListIndex(f.IndexReleve); });
+    run([&] { Connect(f); });
+    f.SecondesAttente = 0;
+}
+
+}  // namespace
+
+void T_Timer(Form1& f) {
+    // 1. and 2.
+    const HeureLocale h = DecouperHeure(f.forms().services().clock.TimeText());
+    // 3.
+    f.Label5->SetCaption(h.hh + u':' + h.mm + u':' + h.ss);
+    // 4.
+    f.Label11->SetCaption(HeureZulu(h.hh) + u':' + h.mm + u':' + h.ss);
+
+    // 5. The first tick after the window was asked for runs the rest of itself in the
+    //    skip-and-continue mode; no other tick has that protection.
+    Instructions run;
+    if (f.Tag.compare(QStringLiteral("VISIBLE"), Qt::CaseInsensitive) == 0) {
+        f.Tag = QStringLiteral("VU");
+        run.Proteger();
+    }
+
+    // 6.
+    run([&] { f.SecondesAttente = Add16(f.SecondesAttente, 1).Value(); });
+    run([&] { f.SecondesHeure = Add16(f.SecondesHeure, 1).Value(); });
+
+    // 7. The caption counts 9 to 0 over the first ten ticks, while the poll comes on the
+    //    eleventh (step 9 tests "above 10"): on that tick the caption shows -1 for an instant
+    //    and Connect replaces it at once with its own.
+    run([&] {
+        f.SetCaption(f.List1->Text() + QStringLiteral(" - ") + QString::number(10 - f.SecondesAttente) +
+                     QStringLiteral(" secondes..."));
+    });
+
+    // 8. Once an hour, on the 3601st tick, so that a day that began during the run enters the
+    //    list of dates. Selecting the newest date also takes a user looking at an older day back
+    //    to today, and redraws the chart through the combo's Click.
+    if (f.SecondesHeure > 3600) {
+        run([&] { f.SecondesHeure = 0; });
+        run([&] { f.BaseReleves = OpenDatabase(f.DatabasePath()); });
+        run([&] { f.RemplirDates(); });
+        run([&] { f.ChoixDate->SetListIndex(CInt(f.ChoixDate->Tag)); });
+    }
+
+    // 9. Every eleventh tick, the next airport of the list, wrapping to the first. The counter
+    //    is reset only after Connect has returned.
+    if (f.SecondesAttente > 10) PollSuivant(f, run);
+}
+
+void Connect(Form1& f) {
+    Services& services = f.forms().services();
+    // 1. and 2.
+    f.SetCaption(QStringLiteral("Connection in progress..."));
+    f.Label1->SetCaption(QString());
+    f.Label2->SetCaption(QString());
+    f.Label3->SetCaption(QString());
+    f.Label6->SetCaption(QString());
+    f.TXTforce->SetCaption(QString());
+    // 3.
+    f.ReponseBrute.clear();
+    // 4. An exchange still running is abandoned here without a word: its reply, if any comes,
+    //    has no socket left to arrive on. This is the whole treatment of overlapping polls.
+    f.W.Close();
+    // 5.
+    QCoreApplication::processEvents();
+    // 6. and 7. A local port from 91 to 100; the only use of the random draw.
+    services.random.Randomize();
+    const double tirage = services.random.Rnd();
+    f.W.SetLocalPort(int(std::floor(tirage * 10)) + 91);
+    // 8.
+    f.W.SetRemoteHost(services.observationServer.host);
+    f.W.SetRemotePort(services.observationServer.port);
+    // 9. W_Connect takes over when the connection is made.
+    f.W.Connect();
+    // 10.
+    AfficherNouvelles(QString(), f.forms());
+}
+
+void TimerWinsock_Timer(Form1& f) {
+    // Silent: no log, no retry. List1, which the exchange disabled, stays disabled until a later
+    // reply enables it again.
+    f.TimerWinsock.SetEnabled(false);
+    f.W.Close();
+}
+
+}  // namespace skelda

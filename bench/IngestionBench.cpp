@@ -1,0 +1,207 @@
+// How long one reception takes, from the text that arrived on the socket to the committed row,
+// once the store holds ten years of observations: 10 airports, 48 a day each, about 1.75 million
+// rows of Zefir.
+//
+// The reception is timed whole, as the socket's DataArrival runs it: the log line, the cut, the
+// decoding, the labels and the wind dial, the airport's lookup, the row written and committed,
+// the log line of the outcome, the chart redrawn on the form after a new row, and the tray's
+// caption. Once with a new observation each time, and once with the same observation again,
+// which the store refuses as a duplicate (no redraw).
+#include <benchmark/benchmark.h>
+#include <sqlite3.h>
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QImage>
+#include <QTemporaryDir>
+#include <memory>
+#include <stdexcept>
+
+#include "Acquisition.h"
+#include "Form1.h"
+#include "Forms.h"
+#include "FrmIcone.h"
+#include "SeedDatabase.h"
+
+using namespace skelda;
+
+namespace {
+
+constexpr int kAirports = 10;
+constexpr int kPerDay = 48;
+const QDate kFirstDay(1994, 12, 1);
+const QDate kLastDay(2004, 11, 30);
+
+void Check(int code, sqlite3* db) {
+    if (code != SQLITE_OK && code != SQLITE_DONE && code != SQLITE_ROW) throw std::runtime_error(sqlite3_errmsg(db));
+}
+
+// Ten years of half-hourly observations for every airport, written straight with SQLite.
+void FillStore(const QString& path) {
+    sqlite3* db = nullptr;
+    Check(sqlite3_open_v2(path.toUtf8().constData(), &db, SQLITE_OPEN_READWRITE, nullptr), db);
+    const std::unique_ptr<sqlite3, int (*)(sqlite3*)> owner(db, sqlite3_close_v2);
+    Check(sqlite3_exec(db, "PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF; BEGIN", nullptr, nullptr, nullptr),
+          db);
+    sqlite3_stmt* row = nullptr;
+    Check(
+        sqlite3_prepare_v2(db,
+                           "INSERT INTO Zefir (NumAéroport, daterelevé, heurerelevé, forcenoeuds, orientationdegré, "
+                           "forcerafale, zefirvariable, secteur1, secteur2, visibilité, temps, nuage, température, "
+                           "pression, METAF) VALUES (?1, ?2, ?3, ?4, ?5, 0, 0, 0, 0, 'Visibility greater then 10 Km', "
+                           "'', ' A few clouds at  1600 feets.', ?6, ?7, ?8)",
+                           -1, &row, nullptr),
+        db);
+    int n = 0;
+    for (QDate day = kFirstDay; day <= kLastDay; day = day.addDays(1)) {
+        const QByteArray date = day.toString(QStringLiteral("yyyy-MM-dd")).toUtf8();
+        for (int slot = 0; slot < kPerDay; ++slot, ++n) {
+            const QByteArray time = QTime(slot / 2, slot % 2 * 30).toString(QStringLiteral("HH:mm:ss")).toUtf8();
+            for (int a = 1; a <= kAirports; ++a) {
+                const int knots = (n + a * 3) % 25;
+                const QByteArray direction = QByteArray::number((n * 7 + a * 20) % 360).rightJustified(3, '0');
+                const QByteArray metaf = "LF" + QByteArray::number(a).rightJustified(2, '0') + ' ' + date.right(2) +
+                                         time.left(2) + time.mid(3, 2) + "Z " + direction +
+                                         QByteArray::number(knots).rightJustified(2, '0') +
+                                         "KT 9999 FEW016 12/08 Q1015";
+                sqlite3_bind_int(row, 1, a);
+                sqlite3_bind_text(row, 2, date.constData(), int(date.size()), SQLITE_TRANSIENT);
+                sqlite3_bind_text(row, 3, time.constData(), int(time.size()), SQLITE_TRANSIENT);
+                sqlite3_bind_int(row, 4, knots);
+                sqlite3_bind_text(row, 5, direction.constData(), int(direction.size()), SQLITE_TRANSIENT);
+                sqlite3_bind_int(row, 6, n % 30 - 5);
+                sqlite3_bind_int(row, 7, 995 + (n + a) % 35);
+                sqlite3_bind_text(row, 8, metaf.constData(), int(metaf.size()), SQLITE_TRANSIENT);
+                Check(sqlite3_step(row), db);
+                sqlite3_reset(row);
+            }
+        }
+    }
+    sqlite3_finalize(row);
+    Check(sqlite3_exec(db, "COMMIT", nullptr, nullptr, nullptr), db);
+}
+
+int LogCount(const QString& line) {
+    QFile log(QStringLiteral("log/log.txt"));
+    if (!log.open(QIODevice::ReadOnly)) return -1;
+    return int(QString::fromUtf8(log.readAll()).count(line));
+}
+
+class NoBoxes : public MessageBoxes {
+public:
+    int MsgBox(const QString&, int, const QString&) override { return vbOK; }
+    void RuntimeErrorBox(int, const QString&) override {}
+};
+
+class NoRandom : public Random {
+public:
+    void Randomize() override {}
+    double Rnd() override { return 0; }
+};
+
+// A station file for airport 1 (LF01) at a minute the store has none of, so that each one is a
+// new observation: day 1 to 28 of the clock's month, every hour, minutes 1 to 29 and 31 to 59.
+QString StationFile(int n) {
+    const int minutes = 1 + n % 58;
+    const int minute = minutes < 30 ? minutes : minutes + 1;
+    const int hour = (n / 58) % 24;
+    const int day = 1 + (n / (58 * 24)) % 28;
+    return QStringLiteral(
+               "HTTP/1.1 200 OK\r\nContent-Type: text/plain\r\n\r\n"
+               "2004/11/%1 %2:%3\nLF01 %1%2%3Z 24013G25KT 9999 FEW016 SCT030 12/08 Q1015 NOSIG\n")
+        .arg(day, 2, 10, QLatin1Char('0'))
+        .arg(hour, 2, 10, QLatin1Char('0'))
+        .arg(minute, 2, 10, QLatin1Char('0'));
+}
+
+// The store, the folder the program runs in (log/ and Images/), and the loaded main window.
+class Station {
+public:
+    static Station& Instance() {
+        if (!instance) instance.reset(new Station);
+        return *instance;
+    }
+    // The windows go before the application does.
+    static void Close() { instance.reset(); }
+    Form1& form() { return forms_.Get<Form1>(); }
+    QString Database() const { return store_.filePath(QStringLiteral("database.mdb")); }
+
+private:
+    Station() {
+        QList<SeedAirport> airports;
+        for (int a = 1; a <= kAirports; ++a)
+            airports.append({QStringLiteral("LF%1").arg(a, 2, 10, QLatin1Char('0')),
+                             QStringLiteral("Airport %1").arg(a),
+                             QStringLiteral("City %1").arg(a, 2, 10, QLatin1Char('0')), QStringLiteral("1"), true,
+                             a == 1, std::nullopt});
+        QString error;
+        if (!CreateDatabase(Database(), DatabaseSchema(), airports, &error))
+            throw std::runtime_error(error.toStdString());
+        FillStore(Database());
+
+        QDir::setCurrent(run_.path());
+        QDir().mkpath(QStringLiteral("log"));
+        QDir().mkpath(QStringLiteral("Images"));
+        QImage picture(150, 100, QImage::Format_RGB888);
+        picture.fill(QColor(90, 140, 200));
+        picture.save(QStringLiteral("Images/METEO2.BMP"), "BMP");
+
+        forms_.Provide<Form1>(&LoadForm1WithPollCycle);
+        // Only the tray form's caption is written: it is built, not loaded (no icon).
+        forms_.Provide<FrmIcone>([](Forms& forms) { return new FrmIcone(forms); });
+        form();
+    }
+
+    static inline std::unique_ptr<Station> instance;
+
+    QTemporaryDir store_;
+    QTemporaryDir run_;
+    FixedClock clock_{QDateTime(QDate(2004, 11, 30), QTime(12, 0))};
+    NoRandom random_;
+    NoBoxes boxes_;
+    Services services_{clock_, random_, boxes_, {}, {}, {}, store_.path()};
+    Forms forms_{services_};
+};
+
+void BM_MakeStore(benchmark::State& state) {
+    for (auto _ : state) benchmark::DoNotOptimize(&Station::Instance());
+}
+
+// A new observation: decoded, shown, committed, logged, and the chart redrawn on the form.
+void BM_IngestionNewRow(benchmark::State& state) {
+    Form1& form = Station::Instance().form();
+    static int n = 0;
+    for (auto _ : state) {
+        const QString reply = StationFile(n++);
+        IngererReponse(form, reply);
+    }
+    // Every reception must have been a new row, or the figure would be another path's.
+    if (LogCount(QStringLiteral("New Metaf Recorded ")) != n) state.SkipWithError("a reception stored no new row");
+    state.counters["rows"] = n;
+}
+
+// The same observation again: refused by the store as a duplicate, logged, no redraw.
+void BM_IngestionDuplicate(benchmark::State& state) {
+    Form1& form = Station::Instance().form();
+    const QString reply = StationFile(0);
+    IngererReponse(form, reply);
+    for (auto _ : state) IngererReponse(form, reply);
+}
+
+}  // namespace
+
+BENCHMARK(BM_MakeStore)->Iterations(1)->Unit(benchmark::kSecond);
+BENCHMARK(BM_IngestionNewRow)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_IngestionDuplicate)->Unit(benchmark::kMillisecond);
+
+int main(int argc, char** argv) {
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication app(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    Station::Close();
+    return 0;
+}

@@ -1,0 +1,192 @@
+// The start of a poll and the hand-made HTTP exchange, against an observation server of the
+// test's own on the loopback address.
+#include "TrayStandIn.h"
+
+using namespace skelda;
+using namespace skelda::test;
+
+namespace {
+
+class Exchange : public AcquisitionFixture {};
+
+TEST_F(Exchange, TheServerReceivesExactlyTheRequestOfTheSelectedStation) {
+    Form1& f = Form();
+    Connect(f);
+    ASSERT_TRUE(server.WaitForRequests(1));
+    EXPECT_EQ(server.Requests()[0], ExpectedRequest("LFPB"));
+    EXPECT_EQ(server.Requests()[0],
+              QByteArray("GET http://127.0.0.1/pub/data/observations/metar/stations/LFPB.TXT HTTP/1.0\r\n"
+                         "Accept: */*\r\nAccept: text/html\r\n\r\n"));
+    EXPECT_TRUE(f.TimerWinsock.Enabled());
+    EXPECT_FALSE(f.List1->isEnabled());
+
+    // Nothing follows the empty line: close from this side and look at all that came.
+    f.TimerWinsock.Fire();
+    ASSERT_TRUE(server.WaitForDisconnections(1));
+    const QByteArray tout = server.Requests()[0];
+    EXPECT_TRUE(tout.endsWith("\r\n\r\n"));
+    EXPECT_FALSE(tout.endsWith("\r\n\r\n\r\n"));
+    EXPECT_EQ(tout, ExpectedRequest("LFPB"));
+}
+
+TEST_F(Exchange, EveryRequestDiffersFromTheLastOnlyInTheStationCode) {
+    Form1& f = Form();
+    Connect(f);
+    ASSERT_TRUE(server.WaitForRequests(1));
+    f.List1->SetListIndex(LigneHeathrow);
+    Connect(f);
+    ASSERT_TRUE(server.WaitForRequests(2));
+    EXPECT_EQ(server.Requests()[1], ExpectedRequest("EGLL"));
+    QByteArray premier = server.Requests()[0];
+    EXPECT_EQ(premier.replace("LFPB", "EGLL"), server.Requests()[1]);
+}
+
+TEST_F(Exchange, NothingIsSentWithNoEntrySelected) {
+    Form1& f = Form();
+    f.List1->SetListIndex(-1);
+    QSignalSpy connecte(&f.W, &Winsock::connected);
+    Connect(f);
+    ASSERT_TRUE(connecte.wait(5000));
+    ASSERT_TRUE(server.WaitForConnections(1));
+    QTest::qWait(50);
+    EXPECT_TRUE(server.Requests()[0].isEmpty());
+    EXPECT_FALSE(f.TimerWinsock.Enabled());
+    EXPECT_TRUE(f.List1->isEnabled());
+    // The connection stays open until the next poll closes it.
+    EXPECT_EQ(f.W.State(), sckConnected);
+    EXPECT_EQ(server.Disconnections(), 0);
+}
+
+TEST_F(Exchange, TheStationIsTheOneSelectedWhenTheConnectionIsMade) {
+    Form1& f = Form();
+    Connect(f);
+    f.List1->SetListIndex(LigneRoissy);  // a click between the poll and the connection
+    ASSERT_TRUE(server.WaitForRequests(1));
+    EXPECT_EQ(server.Requests()[0], ExpectedRequest("LFPG"));
+}
+
+TEST_F(Exchange, TheCodeGoesOutAsTheDatabaseHoldsIt) {
+    ASSERT_TRUE(db.Exec(QStringLiteral("UPDATE \"Aéroports\" SET IDA = 'lfPb ' WHERE idx = 1")));
+    Form1& f = Form();
+    ASSERT_EQ(f.List1->ListIndex(), LigneBourget);
+    Connect(f);
+    ASSERT_TRUE(server.WaitForRequests(1));
+    EXPECT_EQ(server.Requests()[0], ExpectedRequest("lfPb "));
+}
+
+TEST_F(Exchange, ConnectEmptiesTheLastObservationAndDrawsOnePortFrom91To100) {
+    Form1& f = Form();
+    for (Label* label : {f.Label1, f.Label2, f.Label3, f.Label6, f.TXTforce}) label->SetCaption(QStringLiteral("x"));
+    f.ReponseBrute = QStringLiteral("an older reply");
+    random.draws = {0.0};
+    Connect(f);
+    EXPECT_EQ(f.Caption(), QStringLiteral("Connection in progress..."));
+    for (Label* label : {f.Label1, f.Label2, f.Label3, f.Label6, f.TXTforce}) EXPECT_TRUE(label->Caption().isEmpty());
+    EXPECT_TRUE(f.ReponseBrute.isEmpty());
+    EXPECT_EQ(f.W.LocalPort(), 91);
+    EXPECT_EQ(f.W.RemoteHost(), QStringLiteral("127.0.0.1"));
+    EXPECT_EQ(f.W.RemotePort(), server.Port());
+    EXPECT_EQ(random.reseeds, 1);
+    EXPECT_EQ(random.drawn, 1);
+
+    random.draws = {0.999999};
+    Connect(f);
+    EXPECT_EQ(f.W.LocalPort(), 100);
+    random.draws = {0.55};
+    Connect(f);
+    EXPECT_EQ(f.W.LocalPort(), 96);
+    ASSERT_TRUE(server.WaitForRequests(1));
+}
+
+TEST_F(Exchange, ARefusedConnectionLeavesTheTimeOutAloneAndTheNextPollStillStarts) {
+    services.observationServer.port = ClosedPort();
+    Form1& f = Form();
+    for (bool enabled : {true, false}) {
+        f.TimerWinsock.SetEnabled(enabled);
+        QSignalSpy erreur(&f.W, &Winsock::Error);
+        Connect(f);
+        ASSERT_TRUE(erreur.wait(5000));
+        EXPECT_EQ(f.TimerWinsock.Enabled(), enabled);
+        EXPECT_EQ(f.W.State(), sckClosed);
+        EXPECT_TRUE(f.List1->isEnabled());
+    }
+    EXPECT_EQ(LogCount(QStringLiteral("Weather")), 0);
+    EXPECT_TRUE(boxes.shown.empty());
+
+    // The server comes back; the cycle didn't stop.
+    services.observationServer.port = server.Port();
+    Tick(f, 11);
+    ASSERT_TRUE(server.WaitForRequests(1));
+}
+
+TEST_F(Exchange, AnUnansweredRequestIsClosedByTheTimeOutAndTheListStaysDisabled) {
+    Form1& f = Form();
+    Connect(f);
+    ASSERT_TRUE(server.WaitForRequests(1));
+    ASSERT_FALSE(f.List1->isEnabled());
+    f.TimerWinsock.Fire();
+    EXPECT_FALSE(f.TimerWinsock.Enabled());
+    EXPECT_TRUE(server.WaitForDisconnections(1));
+    EXPECT_FALSE(f.List1->isEnabled());
+    EXPECT_EQ(LogCount(QStringLiteral("Weather")), 0);
+
+    // The round goes on through the disabled list.
+    Tick(f, 11);
+    ASSERT_TRUE(server.WaitForRequests(2));
+    EXPECT_EQ(f.List1->ListIndex(), LigneBourget);
+    EXPECT_FALSE(f.List1->isEnabled());
+}
+
+TEST_F(Exchange, TheTimeOutOfAnOlderRequestClosesTheNewerPoll) {
+    Form1& f = Form();
+    Connect(f);
+    ASSERT_TRUE(server.WaitForRequests(1));
+    Tick(f, 11);  // the next poll; Connect leaves TimerWinsock running
+    ASSERT_TRUE(server.WaitForRequests(2));
+    EXPECT_TRUE(server.WaitForDisconnections(1));
+    f.TimerWinsock.Fire();
+    EXPECT_TRUE(server.WaitForDisconnections(2));
+}
+
+TEST_F(Exchange, TwentyPollsInARowEachReachTheServer) {
+    Form1& f = Form();
+    QList<QByteArray> attendus;
+    const QByteArray codes[] = {"EGLL", "LFPB", "LFPG"};
+    for (int poll = 1; poll <= 20; ++poll) {
+        random.draws = {(poll % 10) / 10.0};
+        Tick(f, 11);
+        ASSERT_TRUE(server.WaitForRequests(poll)) << poll;
+        EXPECT_EQ(f.W.LocalPort(), 91 + poll % 10);
+        attendus.append(codes[poll % 3]);
+    }
+    EXPECT_EQ(server.Codes(), attendus);
+    for (const QByteArray& r : server.Requests()) EXPECT_TRUE(r.startsWith("GET http://127.0.0.1/pub/"));
+    EXPECT_EQ(random.reseeds, 20);
+}
+
+TEST_F(Exchange, AnEntryBeyondTheStationCodesIsAFaultThatIsntCaught) {
+    Form1& f = Form();
+    while (f.List1->ListCount() < 102) f.List1->AddItem(QStringLiteral("more"));
+    f.List1->SetListIndex(101);
+    try {
+        W_Connect(f);
+        ADD_FAILURE() << "line 101 lies outside TableIDA";
+    } catch (const RuntimeError& e) {
+        EXPECT_EQ(e.Number(), SubscriptOutOfRange);
+    }
+    EXPECT_TRUE(f.TimerWinsock.Enabled());
+    EXPECT_FALSE(f.List1->isEnabled());
+}
+
+TEST_F(Exchange, TheErrorEventClosesTheSocketAndLetsEventsRun) {
+    Form1& f = Form();
+    Connect(f);
+    ASSERT_TRUE(server.WaitForRequests(1));
+    W_Error(f);
+    EXPECT_EQ(f.W.State(), sckClosed);
+    EXPECT_TRUE(f.TimerWinsock.Enabled());  // it runs on and closes the closed socket
+    EXPECT_TRUE(server.WaitForDisconnections(1));
+    EXPECT_NO_THROW(f.TimerWinsock.Fire());
+}
+
+}  // namespace

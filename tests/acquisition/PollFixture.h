@@ -1,0 +1,246 @@
+// What the tests of the poll cycle share: a loaded Form1 with its poll cycle wired, over a real
+// database in a temporary folder, run from another temporary folder that holds log/ and Images/,
+// and an observation server of the test's own on the loopback address.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QImage>
+#include <QList>
+#include <QSignalSpy>
+#include <QTcpServer>
+#include <QTcpSocket>
+#include <QTemporaryDir>
+#include <QTest>
+#include <deque>
+#include <functional>
+#include <ostream>
+#include <vector>
+
+#include "Acquisition.h"
+#include "Form1.h"
+#include "Forms.h"
+#include "GuiApplication.h"
+#include "RecordingSurface.h"
+#include "TestDatabase.h"
+
+// Texts print as text when an expectation fails.
+inline void PrintTo(const QString& text, std::ostream* os) {
+    *os << '"' << text.toStdString() << '"';
+}
+inline void PrintTo(const QByteArray& bytes, std::ostream* os) {
+    *os << '"' << bytes.toStdString() << '"';
+}
+
+namespace skelda::test {
+
+// A random draw that gives the values it was told, then 0.35.
+class ScriptedRandom : public Random {
+public:
+    void Randomize() override { ++reseeds; }
+    double Rnd() override {
+        ++drawn;
+        if (draws.empty()) return 0.35;
+        const double value = draws.front();
+        draws.pop_front();
+        return value;
+    }
+    std::deque<double> draws;
+    int reseeds = 0;
+    int drawn = 0;
+};
+
+// Boxes that answer OK and remember what they were asked to show.
+class RecordingBoxes : public MessageBoxes {
+public:
+    int MsgBox(const QString& prompt, int, const QString&) override {
+        shown.push_back(prompt);
+        return vbOK;
+    }
+    void RuntimeErrorBox(int number, const QString& description) override {
+        shown.push_back(QStringLiteral("Run-time error '%1': %2").arg(number).arg(description));
+    }
+    std::vector<QString> shown;
+};
+
+// The observation server of a test: listens on 127.0.0.1 at a port the system gives, keeps the
+// bytes of each connection, and answers a complete request (up to its empty line) with the
+// packets that `answer` gives, or stays silent when there is no answer.
+class ObservationServer {
+public:
+    using Answer = std::function<QList<QByteArray>(const QByteArray& request)>;
+
+    ObservationServer() {
+        listening_ = server_.listen(QHostAddress::LocalHost, 0);
+        QObject::connect(&server_, &QTcpServer::newConnection, &server_, [this] { Accept(); });
+    }
+
+    bool Listening() const { return listening_; }
+    quint16 Port() const { return server_.serverPort(); }
+    // Stops listening: a connection is then refused.
+    void Stop() { server_.close(); }
+
+    // The bytes received on each connection, in the order of the connections.
+    const QList<QByteArray>& Requests() const { return requests_; }
+    int Connections() const { return int(requests_.size()); }
+    int Disconnections() const { return disconnections_; }
+    int CompleteRequests() const {
+        int n = 0;
+        for (const QByteArray& r : requests_)
+            if (r.endsWith("\r\n\r\n")) ++n;
+        return n;
+    }
+    // The station code asked for by each complete request, in order.
+    QList<QByteArray> Codes() const {
+        QList<QByteArray> codes;
+        for (const QByteArray& r : requests_) {
+            const qsizetype from = r.indexOf("/stations/");
+            const qsizetype to = r.indexOf(".TXT");
+            if (from >= 0 && to > from) codes.append(r.mid(from + 10, to - from - 10));
+        }
+        return codes;
+    }
+
+    bool WaitForConnections(int n) {
+        return QTest::qWaitFor([&] { return Connections() >= n; }, 5000);
+    }
+    bool WaitForRequests(int n) {
+        return QTest::qWaitFor([&] { return CompleteRequests() >= n; }, 5000);
+    }
+    bool WaitForDisconnections(int n) {
+        return QTest::qWaitFor([&] { return disconnections_ >= n; }, 5000);
+    }
+
+    // Writes bytes on the last connection, now.
+    void Send(const QByteArray& bytes) {
+        if (last_ == nullptr) return;
+        last_->write(bytes);
+        last_->flush();
+    }
+
+    Answer answer;
+
+private:
+    void Accept() {
+        while (QTcpSocket* socket = server_.nextPendingConnection()) {
+            const qsizetype index = requests_.size();
+            requests_.append(QByteArray());
+            last_ = socket;
+            QObject::connect(socket, &QTcpSocket::readyRead, socket, [this, socket, index] {
+                requests_[index] += socket->readAll();
+                if (answer && requests_[index].endsWith("\r\n\r\n"))
+                    for (const QByteArray& packet : answer(requests_[index])) {
+                        socket->write(packet);
+                        socket->flush();
+                    }
+            });
+            QObject::connect(socket, &QTcpSocket::disconnected, socket, [this, socket] {
+                ++disconnections_;
+                if (last_ == socket) last_ = nullptr;
+                socket->deleteLater();
+            });
+        }
+    }
+
+    QTcpServer server_;
+    bool listening_ = false;
+    QList<QByteArray> requests_;
+    QTcpSocket* last_ = nullptr;
+    int disconnections_ = 0;
+};
+
+// The request the program must send for a station code, byte for byte.
+inline QByteArray ExpectedRequest(const QByteArray& code) {
+    return "GET http://127.0.0.1/pub/data/observations/metar/stations/" + code +
+           ".TXT HTTP/1.0\r\nAccept: */*\r\nAccept: text/html\r\n\r\n";
+}
+
+// A station file as the server gives it: a head, the empty line, the 17-character stamp line,
+// then the report.
+inline QByteArray StationReply(const QByteArray& report, const QByteArray& stamp = "2004/11/02 10:00\n") {
+    const QByteArray body = stamp + report;
+    return "HTTP/1.1 200 OK\r\nContent-Type: text/plain\r\nContent-Length: " + QByteArray::number(body.size()) +
+           "\r\n\r\n" + body;
+}
+
+// The report of the tests: Le Bourget at 10:00 on 2 November, wind from 240 at 13 knots, as its
+// station file gives it, with its line end.
+inline const QByteArray Bourget = "LFPB 021000Z 24013KT 9999 FEW016 12/08 Q1015 NOSIG\n";
+
+// The three airports, listed by city: London - Heathrow (idx 2) on line 0, Paris - Le Bourget
+// (idx 1, preferred) on line 1, Roissy - Charles de Gaulle (idx 3) on line 2.
+inline QList<SeedAirport> Aeroports() {
+    return {Airport(QStringLiteral("LFPB"), QStringLiteral("Paris"), QStringLiteral("Le Bourget"), true, true),
+            Airport(QStringLiteral("EGLL"), QStringLiteral("London"), QStringLiteral("Heathrow")),
+            Airport(QStringLiteral("LFPG"), QStringLiteral("Roissy"), QStringLiteral("Charles de Gaulle"))};
+}
+inline constexpr int LigneHeathrow = 0;
+inline constexpr int LigneBourget = 1;
+inline constexpr int LigneRoissy = 2;
+
+// The application comes first: the server's socket needs its event loop from its construction.
+struct WithGuiApplication {
+    WithGuiApplication() { EnsureGuiApplication(); }
+};
+
+class PollFixture : public ::testing::Test, private WithGuiApplication {
+protected:
+    void SetUp() override {
+        EnsureGuiApplication();
+        ASSERT_TRUE(db.IsValid());
+        ASSERT_TRUE(work.isValid());
+        ASSERT_TRUE(server.Listening());
+        previous = QDir::currentPath();
+        ASSERT_TRUE(QDir::setCurrent(work.path()));
+        ASSERT_TRUE(QDir().mkdir(QStringLiteral("log")));
+        ASSERT_TRUE(QDir().mkdir(QStringLiteral("Images")));
+        QImage picture(150, 100, QImage::Format_RGB888);
+        picture.fill(Qt::blue);
+        ASSERT_TRUE(picture.save(QStringLiteral("Images/METEO2.BMP"), "BMP"));
+        services.observationServer = {QStringLiteral("127.0.0.1"), server.Port()};
+        forms.Provide<Form1>(&LoadForm1WithPollCycle);
+        ProvideTray();
+    }
+    void TearDown() override {
+        forms.Unload<Form1>();
+        QDir::setCurrent(previous);
+    }
+    // How the tests of a folder provide the tray form, whose caption the ingestion writes.
+    virtual void ProvideTray() {}
+
+    Form1& Form() { return forms.Get<Form1>(); }
+    static void Tick(Form1& form, int times = 1) {
+        for (int i = 0; i < times; ++i) form.T.Fire();
+    }
+
+    QString LogText() const {
+        QFile f(QStringLiteral("log/log.txt"));
+        if (!f.open(QIODevice::ReadOnly)) return {};
+        return QString::fromUtf8(f.readAll());
+    }
+    int LogCount(const QString& text) const { return int(LogText().count(text)); }
+
+    // A port on which nobody listens: a connection to it is refused.
+    static quint16 ClosedPort() {
+        QTcpServer probe;
+        probe.listen(QHostAddress::LocalHost, 0);
+        const quint16 port = probe.serverPort();
+        probe.close();
+        return port;
+    }
+
+    TestDatabase db{Aeroports()};
+    QTemporaryDir work;
+    QString previous;
+    FixedClock clock{QDateTime(QDate(2004, 11, 2), QTime(10, 5, 0))};
+    ScriptedRandom random;
+    RecordingBoxes boxes;
+    ObservationServer server;
+    RecordingSurface recording;
+    Services services{clock, random, boxes, {}, {}, {}, db.Folder()};
+    Forms forms{services};
+};
+
+}  // namespace skelda::test

@@ -1,0 +1,278 @@
+// The tick of T: the clocks, the countdown, the round of the airports and the hourly refresh,
+// driven tick by tick through the timer itself.
+#include "TrayStandIn.h"
+
+using namespace skelda;
+using namespace skelda::test;
+
+namespace {
+
+class Scheduler : public AcquisitionFixture {};
+
+// ---- The clocks
+
+TEST_F(Scheduler, MidnightOnA12HourClockStays12AndZuluReads17) {
+    Form1& f = Form();
+    clock.SetTimeText(QStringLiteral("12:30:15 AM"));
+    Tick(f);
+    EXPECT_EQ(f.Label5->Caption(), QStringLiteral("12:30:15"));
+    EXPECT_EQ(f.Label11->Caption(), QStringLiteral("17:30:15"));
+}
+
+TEST_F(Scheduler, ElevenPmReads23AndZuluWrapsTo4) {
+    Form1& f = Form();
+    clock.SetTimeText(QStringLiteral("11:05:00 PM"));
+    Tick(f);
+    EXPECT_EQ(f.Label5->Caption(), QStringLiteral("23:05:00"));
+    EXPECT_EQ(f.Label11->Caption(), QStringLiteral("4:05:00"));
+}
+
+TEST_F(Scheduler, AfternoonIsFoundWhateverTheCaseOfPm) {
+    Form1& f = Form();
+    clock.SetTimeText(QStringLiteral("3:07:09 pm"));
+    Tick(f);
+    EXPECT_EQ(f.Label5->Caption(), QStringLiteral("15:07:09"));
+    EXPECT_EQ(f.Label11->Caption(), QStringLiteral("20:07:09"));
+}
+
+TEST_F(Scheduler, MorningOnA12HourClockKeepsTheHourAsWritten) {
+    Form1& f = Form();
+    clock.SetTimeText(QStringLiteral("09:07:09 AM"));
+    Tick(f);
+    EXPECT_EQ(f.Label5->Caption(), QStringLiteral("09:07:09"));
+    EXPECT_EQ(f.Label11->Caption(), QStringLiteral("14:07:09"));
+}
+
+TEST_F(Scheduler, A24HourClockPassesUnchanged) {
+    Form1& f = Form();
+    const struct {
+        const char* clock;
+        const char* local;
+        const char* zulu;
+    } cases[] = {
+        {"10:05:00", "10:05:00", "15:05:00"}, {"09:05:00", "09:05:00", "14:05:00"}, {"21:40:30", "21:40:30", "2:40:30"},
+        {"00:00:59", "00:00:59", "5:00:59"},  {"19:00:00", "19:00:00", "0:00:00"},
+    };
+    for (const auto& c : cases) {
+        clock.SetTimeText(QLatin1String(c.clock));
+        Tick(f);
+        EXPECT_EQ(f.Label5->Caption(), QLatin1String(c.local)) << c.clock;
+        EXPECT_EQ(f.Label11->Caption(), QLatin1String(c.zulu)) << c.clock;
+    }
+}
+
+TEST_F(Scheduler, TheClockTextComesFromTheClockSeam) {
+    Form1& f = Form();
+    clock.Set(QDateTime(QDate(2004, 11, 2), QTime(15, 7, 9)));
+    Tick(f);
+    EXPECT_EQ(f.Label5->Caption(), QStringLiteral("15:07:09"));
+    EXPECT_EQ(f.Label11->Caption(), QStringLiteral("20:07:09"));
+}
+
+// ---- The countdown
+
+TEST_F(Scheduler, CountdownShows9OnTheFirstTickAnd0OnTheTenthAndPollsOnTheEleventh) {
+    Form1& f = Form();
+    const QString entree = f.List1->Text();
+    ASSERT_FALSE(entree.isEmpty());
+
+    Tick(f);
+    EXPECT_EQ(f.Caption(), entree + QStringLiteral(" - 9 secondes..."));
+    Tick(f, 9);
+    EXPECT_EQ(f.Caption(), entree + QStringLiteral(" - 0 secondes..."));
+    EXPECT_EQ(f.SecondesAttente, 10);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(server.Connections(), 0);
+
+    Tick(f);
+    EXPECT_EQ(f.Caption(), QStringLiteral("Connection in progress..."));
+    EXPECT_EQ(f.SecondesAttente, 0);
+    ASSERT_TRUE(server.WaitForRequests(1));
+}
+
+TEST_F(Scheduler, TheCountdownFollowsTheSelectedEntryButNotItsIndex) {
+    Form1& f = Form();
+    Tick(f, 3);
+    f.List1->SetListIndex(LigneRoissy);  // a user's click
+    Tick(f);
+    EXPECT_EQ(f.Caption(), f.List1->List(LigneRoissy) + QStringLiteral(" - 6 secondes..."));
+    EXPECT_EQ(f.IndexReleve, 0);
+    EXPECT_EQ(f.SecondesAttente, 4);
+}
+
+TEST_F(Scheduler, CountersKeepTheirValuesWhileTIsStopped) {
+    Form1& f = Form();
+    Tick(f, 4);
+    f.T.SetEnabled(false);
+    QTest::qWait(20);
+    EXPECT_EQ(f.SecondesAttente, 4);
+    Tick(f);
+    EXPECT_EQ(f.Caption(), f.List1->Text() + QStringLiteral(" - 5 secondes..."));
+}
+
+// ---- The round of the airports
+
+TEST_F(Scheduler, PollsGoToEntries1122012WithTheSecondPreferred) {
+    Form1& f = Form();
+    ASSERT_EQ(f.List1->ListIndex(), LigneBourget);
+    // The first poll of the run is the one the tray starts, for the entry selected at start.
+    Connect(f);
+    ASSERT_TRUE(server.WaitForRequests(1));
+    QList<int> lignes{f.List1->ListIndex()};
+    for (int poll = 2; poll <= 5; ++poll) {
+        Tick(f, 11);
+        ASSERT_TRUE(server.WaitForRequests(poll)) << poll;
+        lignes.append(f.List1->ListIndex());
+    }
+    EXPECT_EQ(lignes, (QList<int>{1, 1, 2, 0, 1}));
+    EXPECT_EQ(server.Codes(), (QList<QByteArray>{"LFPB", "LFPB", "LFPG", "EGLL", "LFPB"}));
+}
+
+TEST_F(Scheduler, SelectingTheNextEntryRedrawsItsChart) {
+    db.AddObservation({.numAeroport = 3,
+                       .day = QDate(2004, 11, 2),
+                       .time = QTime(10, 0),
+                       .forcenoeuds = 8,
+                       .metaf = QStringLiteral("LFPG 021000Z 24008KT CAVOK 12/08 Q1015")});
+    Form1& f = Form();
+    f.IndexReleve = 1;
+    Tick(f, 11);
+    EXPECT_EQ(f.List1->ListIndex(), LigneRoissy);
+    EXPECT_EQ(f.FKNT[20]->Tag, QStringLiteral("LFPG 021000Z 24008KT CAVOK 12/08 Q1015"));
+}
+
+TEST_F(Scheduler, AListOfOneEntryPollsItEveryTime) {
+    ASSERT_TRUE(db.Exec(QStringLiteral("UPDATE \"Aéroports\" SET \"activé\" = 0 WHERE IDA <> 'LFPG'")));
+    Form1& f = Form();
+    ASSERT_EQ(f.List1->ListCount(), 1);
+    for (int poll = 1; poll <= 3; ++poll) {
+        Tick(f, 11);
+        ASSERT_TRUE(server.WaitForRequests(poll));
+    }
+    EXPECT_EQ(server.Codes(), (QList<QByteArray>{"LFPG", "LFPG", "LFPG"}));
+}
+
+TEST_F(Scheduler, AnEmptyListSkipsThePollAndCountsAgain) {
+    ASSERT_TRUE(db.Exec(QStringLiteral("UPDATE \"Aéroports\" SET \"activé\" = 0")));
+    Form1& f = Form();
+    ASSERT_EQ(f.List1->ListCount(), 0);
+    EXPECT_NO_THROW(Tick(f, 11));
+    EXPECT_EQ(f.SecondesAttente, 0);
+    Tick(f);
+    EXPECT_EQ(f.Caption(), QStringLiteral(" - 9 secondes..."));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(server.Connections(), 0);
+}
+
+TEST_F(Scheduler, ADoubleClickPollsTheSelectedEntryAndLeavesTheCountdownRunning) {
+    Form1& f = Form();
+    f.show();
+    Tick(f, 5);
+    const QRect ligne = f.List1->visualItemRect(f.List1->item(LigneRoissy));
+    QTest::mouseDClick(f.List1->viewport(), Qt::LeftButton, {}, ligne.center());
+    ASSERT_TRUE(server.WaitForRequests(1));
+    EXPECT_EQ(server.Codes(), (QList<QByteArray>{"LFPG"}));
+    EXPECT_EQ(f.SecondesAttente, 5);
+    EXPECT_EQ(f.IndexReleve, 0);
+
+    Tick(f);
+    EXPECT_EQ(f.Caption(), f.List1->List(LigneRoissy) + QStringLiteral(" - 4 secondes..."));
+    // The scheduled poll comes on its own time, for the next entry of the round, and closes the
+    // manual one.
+    Tick(f, 5);
+    ASSERT_TRUE(server.WaitForRequests(2));
+    EXPECT_EQ(server.Codes(), (QList<QByteArray>{"LFPG", "LFPB"}));
+    EXPECT_TRUE(server.WaitForDisconnections(1));
+}
+
+// ---- The hourly refresh
+
+TEST_F(Scheduler, TheHourlyRefreshFallsOnThe3601stTick) {
+    db.AddObservation({.numAeroport = 1, .day = QDate(2004, 11, 1), .time = QTime(10, 0)});
+    // The polls of the hour are refused at once: only the dates matter here.
+    services.observationServer.port = ClosedPort();
+    Form1& f = Form();
+    ASSERT_EQ(f.ChoixDate->ListCount(), 1);
+    // A day that begins during the run.
+    db.AddObservation({.numAeroport = 1, .day = QDate(2004, 11, 2), .time = QTime(0, 10)});
+
+    Tick(f, 3600);
+    EXPECT_EQ(f.ChoixDate->ListCount(), 1);
+    EXPECT_EQ(f.SecondesHeure, 3600);
+    Tick(f);
+    EXPECT_EQ(f.ChoixDate->ListCount(), 2);
+    EXPECT_EQ(f.ChoixDate->Text(), QStringLiteral("02/11/2004"));
+    EXPECT_EQ(f.SecondesHeure, 0);
+    EXPECT_TRUE(f.BaseReleves.IsNothing());
+}
+
+TEST_F(Scheduler, TheHourlyRefreshTakesAnOlderDateBackToTheNewest) {
+    db.AddObservation({.numAeroport = 1, .day = QDate(2004, 11, 1), .time = QTime(10, 0)});
+    db.AddObservation({.numAeroport = 1,
+                       .day = QDate(2004, 11, 2),
+                       .time = QTime(10, 0),
+                       .metaf = QStringLiteral("LFPB 021000Z 24010KT CAVOK 12/08 Q1015")});
+    Form1& f = Form();
+    f.ChoixDate->SetListIndex(0);  // the user looks at the day before
+    ASSERT_EQ(f.FKNT[20]->Tag, QString());
+    f.SecondesHeure = 3600;
+    Tick(f);
+    EXPECT_EQ(f.ChoixDate->ListIndex(), 1);
+    // The chart follows through the combo's Click.
+    EXPECT_EQ(f.FKNT[20]->Tag, QStringLiteral("LFPB 021000Z 24010KT CAVOK 12/08 Q1015"));
+}
+
+// ---- The tick after the window was shown
+
+TEST_F(Scheduler, TheTickAfterTheWindowWasShownTurnsVisibleIntoVu) {
+    Form1& f = Form();
+    f.Tag = QStringLiteral("visible");
+    Tick(f);
+    EXPECT_EQ(f.Tag, QStringLiteral("VU"));
+    Tick(f);
+    EXPECT_EQ(f.Tag, QStringLiteral("VU"));
+    f.Tag = QStringLiteral("MASQUE");
+    Tick(f);
+    EXPECT_EQ(f.Tag, QStringLiteral("MASQUE"));
+}
+
+TEST_F(Scheduler, OnlyThatTickSkipsItsFailures) {
+    Form1& f = Form();
+    ASSERT_TRUE(QFile::remove(db.Path()));
+    f.SecondesHeure = 3600;
+    f.SecondesAttente = 10;
+    f.Tag = QStringLiteral("VISIBLE");
+    // The refresh fails on the missing database; the poll behind it still starts.
+    EXPECT_NO_THROW(Tick(f));
+    EXPECT_EQ(f.SecondesHeure, 0);
+    EXPECT_EQ(f.SecondesAttente, 0);
+    EXPECT_EQ(f.Caption(), QStringLiteral("Connection in progress..."));
+    ASSERT_TRUE(server.WaitForRequests(1));
+
+    // Any other tick lets the failure through, to the run-time error box.
+    f.SecondesHeure = 3600;
+    try {
+        Tick(f);
+        ADD_FAILURE() << "the refresh on a missing database should fail";
+    } catch (const RuntimeError& e) {
+        EXPECT_EQ(e.Number(), DaoFileNotFound);
+    }
+}
+
+// ---- The time-out
+
+TEST_F(Scheduler, TheTimeOutStopsItselfAndClosesTheSocketSilently) {
+    Form1& f = Form();
+    Connect(f);
+    ASSERT_TRUE(server.WaitForRequests(1));
+    ASSERT_TRUE(f.TimerWinsock.Enabled());
+    const QString log = LogText();
+    f.TimerWinsock.Fire();
+    EXPECT_FALSE(f.TimerWinsock.Enabled());
+    EXPECT_EQ(f.W.State(), sckClosed);
+    EXPECT_TRUE(server.WaitForDisconnections(1));
+    EXPECT_EQ(LogText(), log);
+    EXPECT_TRUE(boxes.shown.empty());
+}
+
+}  // namespace

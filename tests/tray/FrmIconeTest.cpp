@@ -1,0 +1,306 @@
+// The start form: its design, its load, the icon's messages, the menu, the timer that ends the
+// start and feeds the tip, and the quit.
+#include <QLabel>
+#include <QTimer>
+
+#include "Text.h"
+#include "TrayFixture.h"
+
+using namespace skelda;
+using namespace skelda::test;
+
+namespace {
+
+class Tray : public TrayFixture {};
+
+const QString DesignCaption = QStringLiteral("SKELDA - le zefir en temps réel");
+
+// ---- Design
+
+TEST_F(Tray, TheStartFormHasItsCaptionSizeAndPicture) {
+    FrmIcone& tray = StartForm();
+    EXPECT_EQ(tray.windowTitle(), DesignCaption);
+    EXPECT_EQ(tray.size(), QSize(255, 427));  // 3825 by 6405 twips
+    ASSERT_NE(tray.findChild<QLabel*>(QStringLiteral("Picture1")), nullptr);
+    EXPECT_TRUE(tray.Picture1->geometry().contains(QRect(QPoint(0, 0), tray.size())));
+    EXPECT_EQ(tray.Picture1->pixmap().size(), QSize(324, 537));
+    EXPECT_EQ(timer1AtLoad.enabled, true);
+    EXPECT_EQ(timer1AtLoad.interval, 1000);
+}
+
+TEST_F(Tray, TheMenuHasItsSevenItemsInOrderWithThreeDisabled) {
+    FrmIcone& tray = StartForm();
+    QMenu* menu = tray.findChild<QMenu*>(QStringLiteral("Menu"));
+    ASSERT_EQ(menu, tray.Menu);
+    EXPECT_EQ(menu->title(), QStringLiteral("Menu"));
+    EXPECT_FALSE(menu->menuAction()->isVisible());
+    const struct {
+        const char* name;
+        const char* caption;
+        bool enabled;
+    } items[] = {
+        {"MenuCourbe", "Daily Cruve", true},
+        {"MenuStatistiqueMensuelle", "&Monthly Curve", true},
+        {"MenuAeroport", "&Airports", true},
+        {"viewlog", "&View Log", false},
+        {"MenuMetaf", "&Metaf Reader", false},
+        {"MenuPrerences", "&Préférences", false},
+        {"Quit", "&Quit", true},
+    };
+    const QList<QAction*> actions = menu->actions();
+    ASSERT_EQ(actions.size(), 7);
+    for (int i = 0; i < 7; ++i) {
+        EXPECT_EQ(actions[i]->objectName(), QLatin1String(items[i].name));
+        EXPECT_EQ(actions[i]->text(), QString::fromUtf8(items[i].caption));
+        EXPECT_EQ(actions[i]->isEnabled(), items[i].enabled) << items[i].name;
+    }
+}
+
+// ---- Load
+
+TEST_F(Tray, LoadingTheStartFormLoadsForm1FirstAndAddsTheIconWithTipSkelda) {
+    ASSERT_FALSE(forms.Loaded<Form1>());
+    FrmIcone& tray = StartForm();
+    EXPECT_TRUE(forms.Loaded<Form1>());
+    EXPECT_EQ(LogCount(QStringLiteral("Skelda Starting")), 1);
+    Form1& f = Form();
+    EXPECT_FALSE(f.T.Enabled());
+    EXPECT_FALSE(f.isVisible());
+    EXPECT_FALSE(tray.Image1->Picture().isNull());
+    EXPECT_FALSE(tray.IconeNotif.hIcon.isNull());
+    EXPECT_TRUE(tray.windowFlags().testFlag(Qt::Tool));
+    EXPECT_EQ(tray.IconeNotif.cbSize, 88u);
+    EXPECT_EQ(tray.IconeNotif.uID, 1u);
+    EXPECT_EQ(tray.IconeNotif.uFlags, 7u);
+    EXPECT_EQ(tray.IconeNotif.uCallbackMessage, 512u);
+    EXPECT_EQ(tray.IconeNotif.szTip.size(), 64);
+    EXPECT_TRUE(tray.IconeNotif.szTip.startsWith(QStringLiteral("Skelda") + QChar(u'\0')));
+    EXPECT_EQ(tray.TipText(), QStringLiteral("Skelda"));
+}
+
+TEST_F(Tray, TheRealNotificationIconShowsWhereTheDesktopHasOne) {
+    if (!QSystemTrayIcon::isSystemTrayAvailable()) {
+        EXPECT_EQ(StartForm().Icone, nullptr);
+        GTEST_SKIP() << "no notification area on this desktop";
+    }
+    FrmIcone& tray = StartForm();
+    ASSERT_NE(tray.Icone, nullptr);
+    EXPECT_TRUE(tray.Icone->isVisible());
+    EXPECT_EQ(tray.Icone->toolTip(), QStringLiteral("Skelda"));
+    emit tray.Icone->activated(QSystemTrayIcon::DoubleClick);
+    EXPECT_TRUE(Form().isVisible());
+}
+
+// ---- The icon's messages
+
+TEST_F(Tray, AMouseMoveOverTheIconIsDecodedAndIgnored) {
+    FrmIcone& tray = StartForm();
+    Message(tray, 512);
+    EXPECT_EQ(tray.MessageSouris, 512);
+    EXPECT_EQ(tray.FormIconeActif, 0);
+    EXPECT_FALSE(Form().isVisible());
+    EXPECT_TRUE(Form().Tag.isEmpty());
+}
+
+TEST_F(Tray, ALeftSingleClickDoesNothing) {
+    FrmIcone& tray = StartForm();
+    Message(tray, 513);
+    Message(tray, 514);
+    EXPECT_EQ(tray.MessageSouris, 514);
+    EXPECT_FALSE(Form().isVisible());
+    EXPECT_FALSE(tray.Menu->isVisible());
+}
+
+TEST_F(Tray, ARightPressDoesNothingUntilItsReleasePopsUpTheMenu) {
+    FrmIcone& tray = StartForm();
+    Message(tray, 516);
+    EXPECT_FALSE(tray.Menu->isVisible());
+
+    bool shownDuringPopup = false;
+    int16_t guardDuringPopup = 0;
+    QTimer::singleShot(0, &tray, [&] {
+        shownDuringPopup = tray.Menu->isVisible();
+        guardDuringPopup = tray.FormIconeActif;
+        // A double click while the menu is up finds the handler busy and is dropped.
+        Message(tray, 515);
+        tray.Menu->close();
+    });
+    Message(tray, 517);
+    EXPECT_TRUE(shownDuringPopup);
+    EXPECT_EQ(guardDuringPopup, -1);
+    EXPECT_EQ(tray.FormIconeActif, 0);
+    EXPECT_EQ(tray.MessageSouris, 515);  // decoded before the guard, and dropped
+    EXPECT_FALSE(Form().isVisible());
+    EXPECT_FALSE(tray.Menu->isVisible());
+}
+
+TEST_F(Tray, TwoDoubleClicksShowForm1TwiceAndSetVisibleAgain) {
+    FrmIcone& tray = StartForm();
+    Form1& f = Form();
+    Message(tray, 515);
+    EXPECT_TRUE(f.isVisible());
+    EXPECT_EQ(f.Tag, QStringLiteral("VISIBLE"));
+    Tick(f);
+    EXPECT_EQ(f.Tag, QStringLiteral("VU"));
+    Message(tray, 515);
+    EXPECT_TRUE(f.isVisible());
+    EXPECT_EQ(f.Tag, QStringLiteral("VISIBLE"));
+    // No other effect: no poll, no count.
+    EXPECT_EQ(f.SecondesAttente, 1);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(server.Connections(), 0);
+}
+
+// ---- The tip
+
+TEST_F(Tray, ATipLongerThan64CharactersIsCut) {
+    FrmIcone& tray = StartForm();
+    QString titre;
+    for (int i = 0; i < 10; ++i) titre += QString::number(i) + QStringLiteral("1234567890");
+    ASSERT_EQ(titre.size(), 110);
+    tray.NewTitle(titre);
+    EXPECT_EQ(tray.IconeNotif.szTip, titre.left(64));
+    EXPECT_EQ(tray.TipText(), titre.left(64));
+    if (tray.Icone != nullptr) {
+        EXPECT_EQ(tray.Icone->toolTip(), titre.left(64));
+    }
+}
+
+TEST_F(Tray, AShortTipIsPaddedWithBlanksInTheRecordOnly) {
+    FrmIcone& tray = StartForm();
+    QString titre = QStringLiteral("Paris\r\nNorth Force 2\r\n");
+    tray.NewTitle(titre);
+    EXPECT_EQ(tray.IconeNotif.szTip.size(), 64);
+    EXPECT_EQ(tray.IconeNotif.szTip, titre + QString(64 - titre.size(), u' '));
+    EXPECT_EQ(tray.TipText(), QStringLiteral("Paris\r\nNorth Force 2"));
+}
+
+// ---- Timer1
+
+TEST_F(Tray, TheFirstTickOfTimer1EndsTheStartAndPollsThePreferredAirport) {
+    FrmIcone& tray = StartForm();
+    tray.show();
+    Form1& f = Form();
+    tray.Timer1.Fire();
+    EXPECT_EQ(tray.Timer1.Interval(), 10000);
+    EXPECT_FALSE(tray.isVisible());
+    EXPECT_TRUE(tray.Menu->menuAction()->isVisible());
+    EXPECT_TRUE(f.T.Enabled());
+    EXPECT_FALSE(f.isVisible());
+    EXPECT_EQ(f.Caption(), QStringLiteral("Connection in progress..."));
+    ASSERT_TRUE(server.WaitForRequests(1));
+    EXPECT_EQ(server.Requests()[0], ExpectedRequest("LFPB"));
+    f.T.SetEnabled(false);
+}
+
+TEST_F(Tray, WithThreeEntriesAndTheSecondPreferredPollsGoTo11201) {
+    FrmIcone& tray = StartForm();
+    Form1& f = Form();
+    tray.Timer1.Fire();
+    f.T.SetEnabled(false);  // ticked by the test alone
+    ASSERT_TRUE(server.WaitForRequests(1));
+    for (int poll = 2; poll <= 5; ++poll) {
+        Tick(f, 11);
+        ASSERT_TRUE(server.WaitForRequests(poll)) << poll;
+    }
+    EXPECT_EQ(server.Codes(), (QList<QByteArray>{"LFPB", "LFPB", "LFPG", "EGLL", "LFPB"}));
+}
+
+TEST_F(Tray, LaterTicksPassTheCaptionOnEvenTheDesignCaption) {
+    FrmIcone& tray = StartForm();
+    tray.Timer1.Fire();
+    Form().T.SetEnabled(false);
+    tray.Timer1.Fire();
+    EXPECT_EQ(tray.TipText(), DesignCaption);
+    EXPECT_TRUE(tray.IconeNotif.szTip.startsWith(DesignCaption + QStringLiteral("\r\n ")));
+    EXPECT_EQ(tray.Timer1.Interval(), 10000);
+}
+
+TEST_F(Tray, AReceptionReachesTheTipThroughTheCaption) {
+    server.answer = [](const QByteArray& request) -> QList<QByteArray> {
+        if (request == ExpectedRequest("LFPB")) return {StationReply(Bourget)};
+        return {"HTTP/1.0 404 Not Found\r\n\r\n"};
+    };
+    FrmIcone& tray = StartForm();
+    Form1& f = Form();
+    tray.Timer1.Fire();
+    f.T.SetEnabled(false);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return LogCount(QStringLiteral("New Metaf Recorded ")) == 1; }, 5000));
+    const QString attendu = Trim(f.List1->Text()).toString() + QStringLiteral("\r\nWest South West Force 4");
+    EXPECT_EQ(tray.Caption(), attendu);
+    tray.Timer1.Fire();
+    EXPECT_EQ(tray.TipText(), attendu);
+    if (tray.Icone != nullptr) {
+        EXPECT_EQ(tray.Icone->toolTip(), attendu);
+    }
+}
+
+// ---- The menu's items
+
+TEST_F(Tray, DailyCurveShowsForm1AndLeavesItsTag) {
+    FrmIcone& tray = StartForm();
+    Form1& f = Form();
+    f.Tag = QStringLiteral("MASQUE");
+    tray.MenuCourbe->trigger();
+    EXPECT_TRUE(f.isVisible());
+    EXPECT_EQ(f.Tag, QStringLiteral("MASQUE"));
+}
+
+TEST_F(Tray, TheItemsWhoseFormsComeLaterDoNothingYet) {
+    FrmIcone& tray = StartForm();
+    Form1& f = Form();
+    f.T.SetEnabled(true);
+    const int windows = int(QApplication::topLevelWidgets().size());
+    tray.MenuStatistiqueMensuelle->trigger();
+    tray.MenuAeroport->trigger();
+    EXPECT_TRUE(f.T.Enabled());
+    EXPECT_EQ(int(QApplication::topLevelWidgets().size()), windows);
+    f.T.SetEnabled(false);
+}
+
+TEST_F(Tray, TheMetafReaderWouldShowTheHandEntryForm) {
+    FrmIcone& tray = StartForm();
+    tray.MenuMetaf->trigger();  // disabled: nothing
+    EXPECT_FALSE(forms.Loaded<FormMetaf>());
+    tray.MenuMetaf->setEnabled(true);
+    tray.MenuMetaf->trigger();
+    ASSERT_TRUE(forms.Loaded<FormMetaf>());
+    EXPECT_TRUE(forms.Widget<FormMetaf>().isVisible());
+}
+
+TEST_F(Tray, TheMainWindowsRightClickGivesTheTraysMenu) {
+    FrmIcone& tray = StartForm();
+    bool shown = false;
+    QTimer::singleShot(0, &tray, [&] {
+        shown = tray.Menu->isVisible();
+        tray.Menu->close();
+    });
+    Form().Form_MouseDown(vbRightButton, 0, 100, 100);
+    EXPECT_TRUE(shown);
+}
+
+// ---- Quit
+
+TEST_F(Tray, QuitRemovesTheIconLogsAndEndsTheProcess) {
+    FrmIcone& tray = StartForm();
+    tray.Quit->trigger();
+    EXPECT_EQ(ended, 1);
+    EXPECT_EQ(LogCount(QStringLiteral("Skelda Terminated")), 1);
+    const QString log = LogText();
+    EXPECT_LT(log.indexOf(QStringLiteral("Skelda Starting")), log.indexOf(QStringLiteral("Skelda Terminated")));
+    if (tray.Icone != nullptr) {
+        EXPECT_FALSE(tray.Icone->isVisible());
+    }
+    // No form unloads on the way out.
+    EXPECT_TRUE(forms.Loaded<Form1>());
+    EXPECT_TRUE(forms.Loaded<FrmIcone>());
+}
+
+TEST_F(Tray, QuitEndsTheProcessEvenWhenTheLogCantBeWritten) {
+    FrmIcone& tray = StartForm();
+    ASSERT_TRUE(QDir(QStringLiteral("log")).removeRecursively());
+    tray.Quitter_Click();
+    EXPECT_EQ(ended, 1);
+}
+
+}  // namespace

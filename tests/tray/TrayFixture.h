@@ -1,0 +1,45 @@
+// What the tray's tests share: the poll cycle's fixture with the real start form, whose end of
+// the process is caught instead of ending the test program.
+#pragma once
+
+#include <QAction>
+#include <QMenu>
+
+#include "FormMetaf.h"
+#include "FrmIcone.h"
+#include "acquisition/PollFixture.h"
+
+namespace skelda::test {
+
+class TrayFixture : public PollFixture {
+protected:
+    void ProvideTray() override {
+        forms.Provide<FrmIcone>(&FrmIcone::Load);
+        forms.Provide<FormMetaf>([](Forms& f) { return new FormMetaf(f.services()); });
+    }
+
+    // The start form, loaded now if it isn't. Its timer is stopped at once, so that only the
+    // test's Fire() ticks it; the state it had at load is kept in timer1AtLoad.
+    FrmIcone& StartForm() {
+        const bool first = !forms.Loaded<FrmIcone>();
+        FrmIcone& tray = forms.Get<FrmIcone>();
+        if (first) {
+            timer1AtLoad = {tray.Timer1.Enabled(), tray.Timer1.Interval()};
+            tray.Timer1.SetEnabled(false);
+            tray.TerminerProcessus = [this] { ++ended; };
+        }
+        return tray;
+    }
+
+    // A message of the notification icon, as the platform delivers it: in X, in twips.
+    static void Message(FrmIcone& tray, int message) { tray.Form_MouseMove(0, 0, double(message) * TwipsPerPixel, 0); }
+
+    struct TimerState {
+        bool enabled = false;
+        int interval = 0;
+    };
+    TimerState timer1AtLoad;
+    int ended = 0;
+};
+
+}  // namespace skelda::test

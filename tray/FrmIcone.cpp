@@ -1,0 +1,260 @@
+#include "FrmIcone.h"
+
+#include <QAction>
+#include <QCoreApplication>
+#include <QCursor>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QMenu>
+#include <QScreen>
+#include <cstdlib>
+#include <memory>
+
+#include "Acquisition.h"
+#include "Convert.h"
+#include "Form1.h"
+#include "FormMetaf.h"
+#include "Forms.h"
+#include "Log.h"
+#include "ResumeNext.h"
+#include "Text.h"
+
+namespace skelda {
+
+namespace {
+
+constexpr int NIM_ADD = 0;
+constexpr int NIM_MODIFY = 1;
+constexpr int NIM_DELETE = 2;
+constexpr int TailleTip = 64;  // the tip field's fixed width, in characters
+
+// The record's fixed-width tip field: the text from the left, cut to the field, blanks behind.
+QString ChampTip(const QString& texte) {
+    return texte.left(TailleTip).leftJustified(TailleTip, u' ');
+}
+
+}  // namespace
+
+FrmIcone::FrmIcone(Forms& forms) : forms_(forms) {
+    // The process ends at once, as the run time's End does: no form unloads, nothing is closed.
+    // The log line was written and closed before.
+    TerminerProcessus = [] { std::_Exit(0); };
+    BuildControls();
+    BuildMenu();
+    WireEvents();
+}
+
+FrmIcone::~FrmIcone() = default;
+
+FrmIcone* FrmIcone::Load(Forms& forms) {
+    auto form = std::make_unique<FrmIcone>(forms);
+    form->Form_Load();
+    return form.release();
+}
+
+void FrmIcone::BuildControls() {
+    setObjectName(QStringLiteral("FrmIcone"));
+    SetCaption(QStringLiteral("SKELDA - le zefir en temps réel"));
+    // Client area 3825 by 6405 twips, in the middle of the screen, where a start-up screen stands.
+    resize(ToPixels(3825), ToPixels(6405));
+    if (const QScreen* screen = QGuiApplication::primaryScreen())
+        move(screen->geometry().center() - QPoint(width() / 2, height() / 2));
+
+    // The picture was drawn for a screen of 12 twips to a pixel, where it fills the box at its
+    // own size; at our 15 twips to a pixel it is scaled to the box, so that the whole start-up
+    // picture still covers the form.
+    Picture1 = new QLabel(this);
+    Picture1->setObjectName(QStringLiteral("Picture1"));
+    Picture1->setPixmap(QPixmap(QStringLiteral(":/app/splash.png")));
+    Picture1->setScaledContents(true);
+    Place(Picture1, -24, -24, 3900, 6528);
+
+    // The image stands behind the picture box, as lightweight controls do: it only holds the
+    // notification icon's picture.
+    Image1 = new Image(this);
+    Image1->setObjectName(QStringLiteral("Image1"));
+    Image1->setScaledContents(true);
+    Place(Image1, 3780, 60, 435, 435);
+    Image1->lower();
+
+    Timer1.setObjectName(QStringLiteral("Timer1"));
+}
+
+void FrmIcone::BuildMenu() {
+    Menu = new QMenu(QStringLiteral("Menu"), this);
+    Menu->setObjectName(QStringLiteral("Menu"));
+    // "Not visible" at design: the menu is only ever popped up; the first tick of Timer1 makes it
+    // visible, which changes nothing for a popup.
+    Menu->menuAction()->setVisible(false);
+    auto item = [this](const char* name, const QString& caption, bool enabled) {
+        QAction* action = Menu->addAction(caption);
+        action->setObjectName(QLatin1String(name));
+        action->setEnabled(enabled);
+        return action;
+    };
+    MenuCourbe = item("MenuCourbe", QStringLiteral("Daily Cruve"), true);
+    MenuStatistiqueMensuelle = item("MenuStatistiqueMensuelle", QStringLiteral("&Monthly Curve"), true);
+    MenuAeroport = item("MenuAeroport", QStringLiteral("&Airports"), true);
+    // Disabled at design, and no code enables them: the hand entry can't be reached from here.
+    viewlog = item("viewlog", QStringLiteral("&View Log"), false);
+    MenuMetaf = item("MenuMetaf", QStringLiteral("&Metaf Reader"), false);
+    MenuPrerences = item("MenuPrerences", QStringLiteral("&Préférences"), false);
+    Quit = item("Quit", QStringLiteral("&Quit"), true);
+}
+
+void FrmIcone::WireEvents() {
+    connect(&Timer1, &Timer::Tick, this, &FrmIcone::Timer1_Timer);
+    // Unlike ZefirDemand, the menu's item leaves Form1's Tag as it is.
+    connect(MenuCourbe, &QAction::triggered, this, [this] { forms_.Get<Form1>().show(); });
+    // The monthly window and the airport selection come with their own forms. Until then their
+    // items do nothing: MenuAeroport in particular must not stop T without a form to start it
+    // again.
+    connect(MenuStatistiqueMensuelle, &QAction::triggered, this, [] {});
+    connect(MenuAeroport, &QAction::triggered, this, [] {});
+    // Should the item ever be enabled, the hand-entry form loads, which shows it.
+    connect(MenuMetaf, &QAction::triggered, this, [this] { forms_.Get<FormMetaf>().show(); });
+    connect(Quit, &QAction::triggered, this, &FrmIcone::Quitter_Click);
+}
+
+void FrmIcone::Form_Load() {
+    // 1. This first touch of Form1 loads it and runs its whole Form_Load, so the log line
+    //    "Skelda Starting", the database reads and the first chart come before the icon.
+    Form1& form1 = forms_.Get<Form1>();
+    Image1->SetPicture(form1.windowIcon().pixmap(QSize(64, 64)));
+    // 2.
+    form1.T.SetEnabled(false);
+    // 3. Out of the task list: the start form is a tool window.
+    setWindowFlag(Qt::Tool, true);
+    // 4. and 5.
+    IconeNotif.cbSize = 88;
+    IconeNotif.hWnd = uintptr_t(winId());
+    IconeNotif.uID = 1;
+    IconeNotif.uFlags = 7;
+    IconeNotif.uCallbackMessage = MsgMouseMove;
+    IconeNotif.hIcon = QIcon(Image1->Picture());
+    IconeNotif.szTip = ChampTip(QStringLiteral("Skelda") + QChar(u'\0'));
+    Shell_NotifyIconA(NIM_ADD);
+}
+
+void FrmIcone::Form_MouseMove(int /*Button*/, int /*Shift*/, double X, double /*Y*/) {
+    // 1. The platform delivers the icon's message in X, in twips.
+    MessageSouris = CLng(X / TwipsPerPixel);
+    // 2. The popup menu keeps this handler open; messages that come meanwhile are dropped.
+    if (FormIconeActif != 0) return;
+    // 3. to 5.
+    FormIconeActif = -1;
+    if (MessageSouris == MsgLeftDoubleClick)
+        ZefirDemand();
+    else if (MessageSouris == MsgRightUp)
+        Menu->exec(QCursor::pos());
+    FormIconeActif = 0;
+}
+
+void FrmIcone::NewTitle(QString& titre) {
+    IconeNotif.szTip = ChampTip(titre);
+    Shell_NotifyIconA(NIM_MODIFY);
+}
+
+void FrmIcone::ZefirDemand() {
+    Form1& form1 = forms_.Get<Form1>();
+    form1.show();
+    form1.raise();
+    form1.activateWindow();
+    form1.Tag = QStringLiteral("VISIBLE");
+}
+
+void FrmIcone::Quitter_Click() {
+    // Nothing may stop the exit: each statement that fails is skipped.
+    ResumeNext step;
+    // 1. and 2.
+    step([&] {
+        IconeNotif.cbSize = 88;
+        IconeNotif.hWnd = uintptr_t(winId());
+        IconeNotif.uID = 1;
+    });
+    step([&] { Shell_NotifyIconA(NIM_DELETE); });
+    // 3. Lets the notification area take the icon away before the process goes.
+    step([&] { QCoreApplication::processEvents(); });
+    // 4.
+    step([&] { EcrireLog(QStringLiteral("Skelda Terminated"), forms_.services().clock); });
+    // 5.
+    step([&] { TerminerProcessus(); });
+}
+
+void FrmIcone::Timer1_Timer() {
+    if (Timer1.Interval() != 10000) {
+        // The first tick ends the start: the interval is the flag that says so.
+        Timer1.SetInterval(10000);
+        hide();
+        Menu->menuAction()->setVisible(true);
+        Form1& form1 = forms_.Get<Form1>();
+        form1.T.SetEnabled(true);
+        // The first poll, for the preferred airport selected by Form1's load.
+        Connect(form1);
+        return;
+    }
+    // Every 10 seconds, changed or not. Until the first reception the caption is the design
+    // caption, and so is the tip. The line end stands between the text and the field's blanks.
+    QString titre = Trim(Caption()).toString() + QString::fromUtf16(CrLf);
+    NewTitle(titre);
+}
+
+QString FrmIcone::TipText() const {
+    // Qt's tip is a text, not a fixed field: it ends at a NUL, and the field's blanks and the
+    // line end before them, which would show as an empty line, aren't part of it.
+    QString tip = IconeNotif.szTip;
+    const qsizetype nul = tip.indexOf(QChar(u'\0'));
+    if (nul >= 0) tip.truncate(nul);
+    while (!tip.isEmpty() && (tip.back() == u' ' || tip.back() == u'\r' || tip.back() == u'\n')) tip.chop(1);
+    return tip;
+}
+
+void FrmIcone::Shell_NotifyIconA(int dwMessage) {
+    // The notification area's answers aren't looked at, and a desktop without one gets no icon.
+    switch (dwMessage) {
+        case NIM_ADD:
+            if (!QSystemTrayIcon::isSystemTrayAvailable()) return;
+            if (Icone == nullptr) {
+                Icone = new QSystemTrayIcon(this);
+                Icone->setObjectName(QStringLiteral("IconeNotif"));
+                connect(Icone, &QSystemTrayIcon::activated, this, &FrmIcone::Icone_Activated);
+            }
+            Icone->setIcon(IconeNotif.hIcon);
+            Icone->setToolTip(TipText());
+            Icone->show();
+            break;
+        case NIM_MODIFY:
+            if (Icone != nullptr) Icone->setToolTip(TipText());
+            break;
+        case NIM_DELETE:
+            if (Icone != nullptr) Icone->hide();
+            break;
+        default:
+            break;
+    }
+}
+
+void FrmIcone::Icone_Activated(QSystemTrayIcon::ActivationReason reason) {
+    // Qt reports the icon's clicks as activations; each stands for the message the icon would
+    // send, and all go through Form_MouseMove. The context request is the right button's.
+    int32_t message = 0;
+    switch (reason) {
+        case QSystemTrayIcon::DoubleClick:
+            message = MsgLeftDoubleClick;
+            break;
+        case QSystemTrayIcon::Context:
+            message = MsgRightUp;
+            break;
+        case QSystemTrayIcon::Trigger:
+            message = MsgLeftUp;
+            break;
+        case QSystemTrayIcon::MiddleClick:
+            message = MsgMiddleUp;
+            break;
+        default:
+            return;
+    }
+    Form_MouseMove(0, 0, double(message) * TwipsPerPixel, 0);
+}
+
+}  // namespace skelda

@@ -1,0 +1,117 @@
+// FrmIcone: the form Skelda starts with, and its face in the notification area.
+//
+// Its big picture stands as the start-up screen for about a second; then it hides for good. What
+// stays is the notification icon, whose tip names the last observation, and the popup menu from
+// which every other window is reached. Its timer ends the start (and starts the poll cycle), then
+// copies the form's caption, where the ingestion leaves the tip's text, into the tip.
+#pragma once
+
+#include <QIcon>
+#include <QString>
+#include <QSystemTrayIcon>
+#include <QWidget>
+#include <cstdint>
+#include <functional>
+
+#include "Controls.h"
+
+class QAction;
+class QLabel;
+class QMenu;
+
+namespace skelda {
+
+class Forms;
+class Image;
+
+// The mouse messages of the notification icon, as its window receives them.
+enum IconMessage : int32_t {
+    MsgMouseMove = 512,
+    MsgLeftDown = 513,
+    MsgLeftUp = 514,
+    MsgLeftDoubleClick = 515,
+    MsgRightDown = 516,
+    MsgRightUp = 517,
+    MsgMiddleUp = 520,
+};
+
+// What the notification area is told about the icon, field by field.
+struct NotifyIconData {
+    uint32_t cbSize = 0;
+    uintptr_t hWnd = 0;
+    uint32_t uID = 0;
+    uint32_t uFlags = 0;            // 7: message, icon and tip are valid
+    uint32_t uCallbackMessage = 0;  // 512: the icon's messages come as mouse moves
+    QIcon hIcon;
+    QString szTip;  // always 64 characters: the text from the left, blanks behind it
+};
+
+class FrmIcone : public QWidget {
+    Q_OBJECT
+public:
+    // Builds the form with its controls; nothing else happens yet.
+    explicit FrmIcone(Forms& forms);
+    ~FrmIcone() override;
+
+    // Loading the start form: builds it and runs Form_Load, which loads Form1 first. This is the
+    // maker that the program gives to Forms::Provide. A failure of Form1's load reaches the caller.
+    static FrmIcone* Load(Forms& forms);
+
+    // ---- Controls, under their design names.
+    QLabel* Picture1 = nullptr;  // the start-up picture
+    Image* Image1 = nullptr;     // holds Form1's icon, the notification icon's picture
+    Timer Timer1{1000, true};
+    QMenu* Menu = nullptr;  // the popup menu, objectName "Menu"
+    QAction* MenuCourbe = nullptr;
+    QAction* MenuStatistiqueMensuelle = nullptr;
+    QAction* MenuAeroport = nullptr;
+    QAction* viewlog = nullptr;
+    QAction* MenuMetaf = nullptr;
+    QAction* MenuPrerences = nullptr;
+    QAction* Quit = nullptr;
+    // The notification icon itself; none where the desktop has no notification area.
+    QSystemTrayIcon* Icone = nullptr;
+
+    // ---- Form-level values.
+    NotifyIconData IconeNotif;
+    int16_t FormIconeActif = 0;  // -1 while an icon message is being handled
+    int32_t MessageSouris = 0;   // the last icon message decoded
+
+    // How the process ends at Quit: at once, without unloading any form. Tests replace it.
+    std::function<void()> TerminerProcessus;
+
+    // ---- Procedures of the form.
+    // Form1 loaded (through its icon), T stopped, out of the task list, the icon added with the
+    // tip "Skelda". No protection.
+    void Form_Load();
+    // The icon's message rides in X, in twips (message x 15). 515 (left double click) shows
+    // Form1; 517 (right button released) pops up Menu and waits until it closes; any other
+    // message is ignored, as is any message that comes while one is being handled.
+    void Form_MouseMove(int Button, int Shift, double X, double Y);
+    // Sets the tip to the first 64 characters of titre.
+    void NewTitle(QString& titre);
+    // Shows Form1 and marks it "VISIBLE" for the next tick of T.
+    void ZefirDemand();
+    // Removes the icon, logs "Skelda Terminated" and ends the process; no failure stops it.
+    void Quitter_Click();
+    // The first tick ends the start; every later one copies the caption to the tip.
+    void Timer1_Timer();
+
+    QString Caption() const { return windowTitle(); }
+    void SetCaption(const QString& text) { setWindowTitle(text); }
+    // The tip the notification area shows: the record's text up to its end (a NUL, or the
+    // blanks that fill the field and the line end before them).
+    QString TipText() const;
+
+private:
+    void BuildControls();
+    void BuildMenu();
+    void WireEvents();
+    // The notification area's one call: add (0), modify (1) or delete (2) the icon of the record.
+    void Shell_NotifyIconA(int dwMessage);
+    void Icone_Activated(QSystemTrayIcon::ActivationReason reason);
+
+    Forms& forms_;
+};
+
+}  // namespace skelda
