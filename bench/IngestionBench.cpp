@@ -8,7 +8,6 @@
 // caption. Once with a new observation each time, and once with the same observation again,
 // which the store refuses as a duplicate (no redraw).
 #include <benchmark/benchmark.h>
-#include <sqlite3.h>
 
 #include <QApplication>
 #include <QDir>
@@ -22,65 +21,14 @@
 #include "Form1.h"
 #include "Forms.h"
 #include "FrmIcone.h"
-#include "SeedDatabase.h"
+#include "SyntheticStore.h"
 
 using namespace skelda;
 
 namespace {
 
-constexpr int kAirports = 10;
-constexpr int kPerDay = 48;
 const QDate kFirstDay(1994, 12, 1);
 const QDate kLastDay(2004, 11, 30);
-
-void Check(int code, sqlite3* db) {
-    if (code != SQLITE_OK && code != SQLITE_DONE && code != SQLITE_ROW) throw std::runtime_error(sqlite3_errmsg(db));
-}
-
-// Ten years of half-hourly observations for every airport, written straight with SQLite.
-void FillStore(const QString& path) {
-    sqlite3* db = nullptr;
-    Check(sqlite3_open_v2(path.toUtf8().constData(), &db, SQLITE_OPEN_READWRITE, nullptr), db);
-    const std::unique_ptr<sqlite3, int (*)(sqlite3*)> owner(db, sqlite3_close_v2);
-    Check(sqlite3_exec(db, "PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF; BEGIN", nullptr, nullptr, nullptr),
-          db);
-    sqlite3_stmt* row = nullptr;
-    Check(
-        sqlite3_prepare_v2(db,
-                           "INSERT INTO Zefir (NumAéroport, daterelevé, heurerelevé, forcenoeuds, orientationdegré, "
-                           "forcerafale, zefirvariable, secteur1, secteur2, visibilité, temps, nuage, température, "
-                           "pression, METAF) VALUES (?1, ?2, ?3, ?4, ?5, 0, 0, 0, 0, 'Visibility greater then 10 Km', "
-                           "'', ' A few clouds at  1600 feets.', ?6, ?7, ?8)",
-                           -1, &row, nullptr),
-        db);
-    int n = 0;
-    for (QDate day = kFirstDay; day <= kLastDay; day = day.addDays(1)) {
-        const QByteArray date = day.toString(QStringLiteral("yyyy-MM-dd")).toUtf8();
-        for (int slot = 0; slot < kPerDay; ++slot, ++n) {
-            const QByteArray time = QTime(slot / 2, slot % 2 * 30).toString(QStringLiteral("HH:mm:ss")).toUtf8();
-            for (int a = 1; a <= kAirports; ++a) {
-                const int knots = (n + a * 3) % 25;
-                const QByteArray direction = QByteArray::number((n * 7 + a * 20) % 360).rightJustified(3, '0');
-                const QByteArray metaf = "LF" + QByteArray::number(a).rightJustified(2, '0') + ' ' + date.right(2) +
-                                         time.left(2) + time.mid(3, 2) + "Z " + direction +
-                                         QByteArray::number(knots).rightJustified(2, '0') +
-                                         "KT 9999 FEW016 12/08 Q1015";
-                sqlite3_bind_int(row, 1, a);
-                sqlite3_bind_text(row, 2, date.constData(), int(date.size()), SQLITE_TRANSIENT);
-                sqlite3_bind_text(row, 3, time.constData(), int(time.size()), SQLITE_TRANSIENT);
-                sqlite3_bind_int(row, 4, knots);
-                sqlite3_bind_text(row, 5, direction.constData(), int(direction.size()), SQLITE_TRANSIENT);
-                sqlite3_bind_int(row, 6, n % 30 - 5);
-                sqlite3_bind_int(row, 7, 995 + (n + a) % 35);
-                sqlite3_bind_text(row, 8, metaf.constData(), int(metaf.size()), SQLITE_TRANSIENT);
-                Check(sqlite3_step(row), db);
-                sqlite3_reset(row);
-            }
-        }
-    }
-    sqlite3_finalize(row);
-    Check(sqlite3_exec(db, "COMMIT", nullptr, nullptr, nullptr), db);
-}
 
 int LogCount(const QString& line) {
     QFile log(QStringLiteral("log/log.txt"));
@@ -129,16 +77,7 @@ public:
 
 private:
     Station() {
-        QList<SeedAirport> airports;
-        for (int a = 1; a <= kAirports; ++a)
-            airports.append({QStringLiteral("LF%1").arg(a, 2, 10, QLatin1Char('0')),
-                             QStringLiteral("Airport %1").arg(a),
-                             QStringLiteral("City %1").arg(a, 2, 10, QLatin1Char('0')), QStringLiteral("1"), true,
-                             a == 1, std::nullopt});
-        QString error;
-        if (!CreateDatabase(Database(), DatabaseSchema(), airports, &error))
-            throw std::runtime_error(error.toStdString());
-        FillStore(Database());
+        bench::CreateSyntheticStore(Database(), kFirstDay, int(kFirstDay.daysTo(kLastDay)) + 1);
 
         QDir::setCurrent(run_.path());
         QDir().mkpath(QStringLiteral("log"));

@@ -19,31 +19,24 @@
 
 #include "Dao.h"
 #include "DaoSql.h"
-#include "SeedDatabase.h"
+#include "SyntheticStore.h"
 
 using namespace skelda;
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kAirports = 10;
-constexpr int kPerDay = 48;
+constexpr int kAirports = bench::kStoreAirports;
+constexpr int kPerDay = bench::kStorePerDay;
 constexpr int kDays = 3652;
 const QDate kFirstDay(1995, 1, 1);
 
 struct CloseDatabase {
     void operator()(sqlite3* db) const { sqlite3_close_v2(db); }
 };
-struct FinalizeStatement {
-    void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
-};
 
 void Check(int code, sqlite3* db) {
     if (code != SQLITE_OK && code != SQLITE_DONE && code != SQLITE_ROW) throw std::runtime_error(sqlite3_errmsg(db));
-}
-
-void BindText(sqlite3_stmt* statement, int index, const QByteArray& text) {
-    sqlite3_bind_text(statement, index, text.constData(), int(text.size()), SQLITE_TRANSIENT);
 }
 
 // The synthetic store, made on first use and removed at the end of the run.
@@ -57,61 +50,8 @@ public:
 
 private:
     Store() : path_(dir_.filePath(u"database.mdb"_s)) {
-        QList<SeedAirport> airports;
-        for (int a = 1; a <= kAirports; ++a)
-            airports << SeedAirport{u"LF%1"_s.arg(a, 2, 10, QChar(u'0')),
-                                    u"Airport %1"_s.arg(a),
-                                    u"City %1"_s.arg(a),
-                                    u"1"_s,
-                                    true,
-                                    a == 1,
-                                    std::nullopt};
-        QString error;
-        if (!CreateDatabase(path_, DatabaseSchema(), airports, &error)) throw std::runtime_error(error.toStdString());
-        Fill();
+        bench::CreateSyntheticStore(path_, kFirstDay, kDays);
         PrintPlans();
-    }
-
-    void Fill() const {
-        sqlite3* raw = nullptr;
-        sqlite3_open_v2(path_.toUtf8().constData(), &raw, SQLITE_OPEN_READWRITE, nullptr);
-        const std::unique_ptr<sqlite3, CloseDatabase> db(raw);
-        Check(
-            sqlite3_exec(raw, "PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF; BEGIN", nullptr, nullptr, nullptr),
-            raw);
-        sqlite3_stmt* insert = nullptr;
-        Check(sqlite3_prepare_v2(
-                  raw,
-                  "INSERT INTO Zefir (NumAéroport, daterelevé, heurerelevé, forcenoeuds, orientationdegré, "
-                  "forcerafale, zefirvariable, secteur1, secteur2, visibilité, temps, nuage, température, "
-                  "pression, METAF) VALUES (?1, ?2, ?3, ?4, ?5, 0, 0, 0, 0, '10 km or more', '', "
-                  "'Few clouds at 1600 feet', ?6, ?7, ?8)",
-                  -1, &insert, nullptr),
-              raw);
-        const std::unique_ptr<sqlite3_stmt, FinalizeStatement> statement(insert);
-        for (int d = 0; d < kDays; ++d) {
-            const QByteArray day = kFirstDay.addDays(d).toString(u"yyyy-MM-dd"_s).toUtf8();
-            for (int slot = 0; slot < kPerDay; ++slot) {
-                const QByteArray time = QTime(slot / 2, slot % 2 * 30).toString(u"HH:mm:ss"_s).toUtf8();
-                for (int a = 1; a <= kAirports; ++a) {
-                    const int knots = (d * 7 + slot * 13 + a * 5) % 35;
-                    const int direction = (d * 10 + slot * 20 + a * 30) % 360;
-                    sqlite3_bind_int(insert, 1, a);
-                    BindText(insert, 2, day);
-                    BindText(insert, 3, time);
-                    sqlite3_bind_int(insert, 4, knots);
-                    BindText(insert, 5, QByteArray::number(direction).rightJustified(3, '0'));
-                    sqlite3_bind_int(insert, 6, (d + slot) % 30 - 5);
-                    sqlite3_bind_int(insert, 7, 990 + (d + slot + a) % 40);
-                    BindText(insert, 8,
-                             "LF" + QByteArray::number(a) + " 021000Z " + QByteArray::number(direction) +
-                                 QByteArray::number(knots) + "KT 9999 FEW016 SCT230 22/06 Q1016 NOSIG=");
-                    Check(sqlite3_step(insert), raw);
-                    sqlite3_reset(insert);
-                }
-            }
-        }
-        Check(sqlite3_exec(raw, "COMMIT", nullptr, nullptr, nullptr), raw);
     }
 
     void PrintPlans() const;
