@@ -21,6 +21,7 @@
 #include "Form1.h"
 #include "Forms.h"
 #include "FrmIcone.h"
+#include "Seams.h"
 #include "SyntheticStore.h"
 
 using namespace skelda;
@@ -35,18 +36,6 @@ int LogCount(const QString& line) {
     if (!log.open(QIODevice::ReadOnly)) return -1;
     return int(QString::fromUtf8(log.readAll()).count(line));
 }
-
-class NoBoxes : public MessageBoxes {
-public:
-    int MsgBox(const QString&, int, const QString&) override { return vbOK; }
-    void RuntimeErrorBox(int, const QString&) override {}
-};
-
-class NoRandom : public Random {
-public:
-    void Randomize() override {}
-    double Rnd() override { return 0; }
-};
 
 // A station file for airport 1 (LF01) at a minute the store has none of, so that each one is a
 // new observation: day 1 to 28 of the clock's month, every hour, minutes 1 to 29 and 31 to 59.
@@ -97,8 +86,8 @@ private:
     QTemporaryDir store_;
     QTemporaryDir run_;
     FixedClock clock_{QDateTime(QDate(2004, 11, 30), QTime(12, 0))};
-    NoRandom random_;
-    NoBoxes boxes_;
+    test::ScriptedRandom random_;
+    test::RecordingBoxes boxes_;
     Services services_{clock_, random_, boxes_, {}, {}, {}, store_.path()};
     Forms forms_{services_};
 };

@@ -9,6 +9,7 @@
 #include "Form1.h"
 #include "Forms.h"
 #include "RecordingSurface.h"
+#include "Seams.h"
 #include "SyntheticStore.h"
 
 #include <benchmark/benchmark.h>
@@ -30,12 +31,6 @@ constexpr int kAirports = bench::kStoreAirports;
 constexpr int kPerDay = bench::kStorePerDay;
 constexpr int kDays = 3652;
 const QDate kFirstDay(1996, 1, 1);
-
-class NoBoxes : public MessageBoxes {
-public:
-    int MsgBox(const QString&, int, const QString&) override { return vbOK; }
-    void RuntimeErrorBox(int, const QString&) override {}
-};
 
 // The store, the folder the program runs in (log/ and Images/), and the loaded main window.
 class Station {
@@ -81,7 +76,7 @@ private:
     QTemporaryDir run_;
     SystemClock clock_;
     SystemRandom random_;
-    NoBoxes boxes_;
+    test::RecordingBoxes boxes_;
     Services services_{clock_, random_, boxes_, {}, {}, {}, store_.path()};
     Forms forms_{services_};
 };

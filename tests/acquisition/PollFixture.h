@@ -24,6 +24,7 @@
 #include "Forms.h"
 #include "GuiApplication.h"
 #include "RecordingSurface.h"
+#include "Seams.h"
 #include "TestDatabase.h"
 
 // Texts print as text when an expectation fails.
@@ -35,35 +36,6 @@ inline void PrintTo(const QByteArray& bytes, std::ostream* os) {
 }
 
 namespace skelda::test {
-
-// A random draw that gives the values it was told, then 0.35.
-class ScriptedRandom : public Random {
-public:
-    void Randomize() override { ++reseeds; }
-    double Rnd() override {
-        ++drawn;
-        if (draws.empty()) return 0.35;
-        const double value = draws.front();
-        draws.pop_front();
-        return value;
-    }
-    std::deque<double> draws;
-    int reseeds = 0;
-    int drawn = 0;
-};
-
-// Boxes that answer OK and remember what they were asked to show.
-class RecordingBoxes : public MessageBoxes {
-public:
-    int MsgBox(const QString& prompt, int, const QString&) override {
-        shown.push_back(prompt);
-        return vbOK;
-    }
-    void RuntimeErrorBox(int number, const QString& description) override {
-        shown.push_back(QStringLiteral("Run-time error '%1': %2").arg(number).arg(description));
-    }
-    std::vector<QString> shown;
-};
 
 // The observation server of a test: listens on 127.0.0.1 at a port the system gives, keeps the
 // bytes of each connection, and answers a complete request (up to its empty line) with the

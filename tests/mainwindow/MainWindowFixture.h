@@ -7,6 +7,7 @@
 #include "GuiApplication.h"
 #include "RecordingSurface.h"
 #include "TestDatabase.h"
+#include "Seams.h"
 
 #include <QColor>
 #include <QDir>
@@ -24,18 +25,6 @@ inline void PrintTo(const QString& text, std::ostream* os) {
 }
 
 namespace skelda::test {
-
-class NoBoxes : public MessageBoxes {
-public:
-    int MsgBox(const QString&, int, const QString&) override { return vbOK; }
-    void RuntimeErrorBox(int, const QString&) override {}
-};
-
-class NoRandom : public Random {
-public:
-    void Randomize() override {}
-    double Rnd() override { return 0; }
-};
 
 // The day that the tests' observations fall on: 2 November 2004, a day whose number is also a
 // month, so that a day-first date would find another day.
@@ -123,8 +112,8 @@ protected:
     QTemporaryDir work;
     QString previous;
     FixedClock clock{QDateTime(QDate(2004, 11, 20), QTime(15, 7, 9))};
-    NoRandom random;
-    NoBoxes boxes;
+    ScriptedRandom random;
+    RecordingBoxes boxes;
     Services services{clock, random, boxes, {}, {}, {}, db.Folder()};
     Forms forms{services};
     RecordingSurface recording;

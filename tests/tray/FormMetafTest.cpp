@@ -2,6 +2,7 @@
 #include "FormMetaf.h"
 
 #include "GuiApplication.h"
+#include "Seams.h"
 #include "TestDatabase.h"
 #include "Window.h"
 
@@ -20,23 +21,6 @@ using skelda::test::Airport;
 using skelda::test::TestDatabase;
 
 namespace {
-
-class NoRandom : public Random {
-public:
-    void Randomize() override {}
-    double Rnd() override { return 0; }
-};
-
-// Counts the boxes: the form must show none.
-class CountingBoxes : public MessageBoxes {
-public:
-    int MsgBox(const QString&, int, const QString&) override {
-        ++shown;
-        return vbOK;
-    }
-    void RuntimeErrorBox(int, const QString&) override { ++shown; }
-    int shown = 0;
-};
 
 const QString Paris = QStringLiteral("LFPG 021030Z 31015G25KT 9999 FEW016 22/06 Q1016");
 const QString Blagnac = QStringLiteral("LFBO 021100Z 22013KT 9999 SCT030 20/05 Q1015");
@@ -86,8 +70,8 @@ protected:
     QTemporaryDir workDir;
     QString previous;
     FixedClock clock{QDateTime(QDate(2004, 11, 15), QTime(14, 30, 5))};
-    NoRandom random;
-    CountingBoxes boxes;
+    test::ScriptedRandom random;
+    test::RecordingBoxes boxes;
     Services services{clock, random, boxes, {}, {}, {}, db.Folder()};
     std::unique_ptr<FormMetaf> form;
     QPlainTextEdit* text1 = nullptr;
@@ -149,7 +133,7 @@ TEST_F(FormMetafTest, ARepeatedLineIsLoggedAndTheUserIsToldNothing) {
     Lire(text);
     EXPECT_EQ(db.Count(QStringLiteral("Zefir")), 1);
     EXPECT_TRUE(LogText().startsWith(QStringLiteral("15/11/2004 14:30:05 Error : "))) << LogText().toStdString();
-    EXPECT_EQ(boxes.shown, 0);
+    EXPECT_TRUE(boxes.shown.empty());
     // The form stays open with its text as it was.
     EXPECT_TRUE(form->isVisible());
     EXPECT_EQ(form->Text1Text(), text);

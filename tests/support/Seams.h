@@ -1,0 +1,43 @@
+// Test stand-ins for the random draw and the message boxes.
+#pragma once
+
+#include "MessageBoxes.h"
+#include "Random.h"
+
+#include <QString>
+
+#include <deque>
+#include <vector>
+
+namespace skelda::test {
+
+// A random draw that gives the values it was told, then 0.35, and counts its calls.
+class ScriptedRandom : public Random {
+public:
+    void Randomize() override { ++reseeds; }
+    double Rnd() override {
+        ++drawn;
+        if (draws.empty()) return 0.35;
+        const double value = draws.front();
+        draws.pop_front();
+        return value;
+    }
+    std::deque<double> draws;
+    int reseeds = 0;
+    int drawn = 0;
+};
+
+// Boxes that answer OK and remember what they were asked to show.
+class RecordingBoxes : public MessageBoxes {
+public:
+    int MsgBox(const QString& prompt, int, const QString&) override {
+        shown.push_back(prompt);
+        return vbOK;
+    }
+    void RuntimeErrorBox(int number, const QString& description) override {
+        shown.push_back(QStringLiteral("Run-time error '%1': %2").arg(number).arg(description));
+    }
+    std::vector<QString> shown;
+};
+
+}  // namespace skelda::test
