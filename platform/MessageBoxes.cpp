@@ -24,9 +24,13 @@ int ScreenMessageBoxes::MsgBox(const QString& prompt, int style, const QString& 
     return vbOK;
 }
 
+QString RuntimeErrorText(int number, const QString& description) {
+    return QStringLiteral("Run-time error '%1':\n\n%2").arg(number).arg(description);
+}
+
 void ScreenMessageBoxes::RuntimeErrorBox(int number, const QString& description) {
-    QMessageBox box(QMessageBox::Critical, QStringLiteral("Skelda"),
-                    QStringLiteral("Run-time error '%1':\n\n%2").arg(number).arg(description), QMessageBox::Ok);
+    QMessageBox box(QMessageBox::Critical, QStringLiteral("Skelda"), RuntimeErrorText(number, description),
+                    QMessageBox::Ok);
     box.exec();
 }
 

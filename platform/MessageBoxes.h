@@ -19,6 +19,9 @@ public:
     virtual void RuntimeErrorBox(int number, const QString& description) = 0;
 };
 
+// The words of the run-time error box: "Run-time error '6':" and, after an empty line, "Overflow".
+QString RuntimeErrorText(int number, const QString& description);
+
 // Real boxes on the screen.
 class ScreenMessageBoxes : public MessageBoxes {
 public:

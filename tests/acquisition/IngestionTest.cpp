@@ -45,6 +45,17 @@ protected:
     }
 };
 
+TEST_F(Ingestion, TheFirstRowOfANewDayDoesntEnterTheListOfDates) {
+    db.AddObservation({.numAeroport = 1, .day = QDate(2004, 11, 1), .time = QTime(10, 0)});
+    Form1& f = Form();
+    ASSERT_EQ(f.ChoixDate->ListCount(), 1);
+    Receive(f, StationReply(Bourget));  // the 2nd of November, a day the list doesn't have
+    ASSERT_EQ(db.Count(QStringLiteral("Zefir")), 2);
+    // The day enters at the next hourly refresh, not with its first row.
+    EXPECT_EQ(f.ChoixDate->ListCount(), 1);
+    EXPECT_EQ(f.ChoixDate->Text(), QStringLiteral("01/11/2004"));
+}
+
 TEST_F(Ingestion, AStationFileBecomesOneRowWithTheLabelsTheLogTheChartAndTheTrayCaption) {
     AnswerBourget(StationReply(Bourget));
     Form1& f = Form();

@@ -112,6 +112,17 @@ TEST_F(Scheduler, CountersKeepTheirValuesWhileTIsStopped) {
 
 // ---- The round of the airports
 
+TEST_F(Scheduler, ClosingTheWindowLeavesThePollsGoingOn) {
+    Form1& f = Form();
+    f.show();
+    f.close();
+    EXPECT_TRUE(f.isHidden());
+    EXPECT_EQ(f.Tag, QStringLiteral("MASQUE"));
+    Tick(f, 11);
+    ASSERT_TRUE(server.WaitForRequests(1));
+    EXPECT_EQ(f.SecondesAttente, 0);
+}
+
 TEST_F(Scheduler, PollsGoToEntries1122012WithTheSecondPreferred) {
     Form1& f = Form();
     ASSERT_EQ(f.List1->ListIndex(), LigneBourget);

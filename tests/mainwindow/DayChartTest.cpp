@@ -1,5 +1,6 @@
 // The day chart, drawn on a recording: slots, bars, arrows, curves, pictures and the bulletin.
 #include "MainWindowFixture.h"
+#include "HandEntry.h"
 
 #include "SurfacePainting.h"
 
@@ -461,6 +462,20 @@ TEST_F(DayChart, NoRowMeansAnEmptyChartAnEmptyBulletinAndStillThePicture) {
     for (Image* ico : form.ICO) EXPECT_TRUE(ico->Picture().isNull());
     EXPECT_TRUE(form.BaseReleves.IsNothing());
     EXPECT_TRUE(form.JeuReleves.IsNothing());
+}
+
+TEST_F(DayChart, ATypedObservationOfTheAirportIsNotInItsChart) {
+    // Typed by hand on the day of the observation: the row carries the place, not the number.
+    const FixedClock entryDay(QDateTime(QDate(2004, 11, 2), QTime(12, 0)));
+    ASSERT_EQ(EnregistrerMetaf(QStringLiteral("LFPB 021015Z 22013KT 9999 FEW016 22/06 Q1016"), db.Path(), entryDay),
+              QString());
+    ASSERT_EQ(db.Count(QStringLiteral("Zefir")), 1);
+    Form1& form = Draw({});
+    ASSERT_EQ(form.ChoixDate->Text(), QStringLiteral("02/11/2004"));  // the day is listed...
+    ASSERT_EQ(form.List1->ListIndex(), LigneLeBourget);
+    EXPECT_EQ(recording.Count(DrawOp::Box), 0);  // ...but Le Bourget's chart has nothing of it
+    for (const Label* slot : form.FKNT) EXPECT_EQ(slot->Tag, QString());
+    EXPECT_EQ(form.TXTbulletin->Caption(), QString());
 }
 
 TEST_F(DayChart, NothingSelectedClearsTheSurfaceAndTouchesNothingElse) {

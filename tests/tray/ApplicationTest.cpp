@@ -73,10 +73,10 @@ TEST_F(RunTime, AFailureOfTheLibraryIsAnInternalError) {
 }
 
 TEST_F(RunTime, TheScreenBoxReadsAsTheRunTimesBox) {
-    // The words of the box, as ScreenMessageBoxes builds them.
+    // The words of the box that ScreenMessageBoxes shows.
     RuntimeError e(Overflow);
-    EXPECT_EQ(QStringLiteral("Run-time error '%1':\n\n%2").arg(e.Number()).arg(e.Description()),
-              QStringLiteral("Run-time error '6':\n\nOverflow"));
+    EXPECT_EQ(RuntimeErrorText(e.Number(), e.Description()), QStringLiteral("Run-time error '6':\n\nOverflow"));
+    EXPECT_EQ(RuntimeErrorText(3022, QStringLiteral("duplicate")), QStringLiteral("Run-time error '3022':\n\nduplicate"));
 }
 
 }  // namespace
