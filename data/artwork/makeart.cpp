@@ -447,29 +447,39 @@ void PaintMountains(QPainter& p, double horizon, const QColor& far, const QColor
     p.drawPath(front);
 }
 
-void PaintRunway(QPainter& p, double horizon, double height)
+// How wide a runway seen from its threshold is drawn: at the horizon, at the foot of the
+// picture, its edge lines, and how its centre dashes grow as they come near.
+struct RunwayShape {
+    double centreX;
+    double topHalf;
+    double lowHalf;
+    double edgeWidth;
+    double firstDash;
+    double dashGrowth;
+    double dashWidth;
+};
+
+void PaintRunway(QPainter& p, double horizon, double height, const RunwayShape& r)
 {
     // The runway seen from its threshold, vanishing at the horizon.
-    const double cx = 78;
-    const double topHalf = 3;
-    const double lowHalf = 46;
+    const double cx = r.centreX;
     QPolygonF strip;
-    strip << QPointF(cx - topHalf, horizon + 2) << QPointF(cx + topHalf, horizon + 2)
-          << QPointF(cx + lowHalf, height) << QPointF(cx - lowHalf, height);
+    strip << QPointF(cx - r.topHalf, horizon + 2) << QPointF(cx + r.topHalf, horizon + 2)
+          << QPointF(cx + r.lowHalf, height) << QPointF(cx - r.lowHalf, height);
     QLinearGradient asphalt(0, horizon, 0, height);
-    asphalt.setColorAt(0, QColor(120, 124, 130));
-    asphalt.setColorAt(1, QColor(62, 66, 72));
-    p.setPen(QPen(QColor(246, 246, 240), 0.9));
+    asphalt.setColorAt(0, QColor(122, 126, 132));
+    asphalt.setColorAt(1, QColor(60, 64, 70));
+    p.setPen(QPen(QColor(247, 247, 241), r.edgeWidth));
     p.setBrush(asphalt);
     p.drawPolygon(strip);
     // Centre line: dashes that grow as they come near.
     p.setPen(Qt::NoPen);
     p.setBrush(QColor(250, 250, 244));
     const double span = height - horizon - 2;
-    for (double t = 0.06; t < 0.95; t *= 1.55) {
-        const double t2 = std::min(t * 1.28, 0.98);
+    for (double t = r.firstDash; t < 0.95; t *= r.dashGrowth) {
+        const double t2 = std::min(t * (1 + (r.dashGrowth - 1) / 2), 0.98);
         const double y1 = horizon + 2 + span * t, y2 = horizon + 2 + span * t2;
-        const double w1 = 0.25 + 1.4 * t, w2 = 0.25 + 1.4 * t2;
+        const double w1 = 0.3 + r.dashWidth * t, w2 = 0.3 + r.dashWidth * t2;
         QPolygonF dash;
         dash << QPointF(cx - w1, y1) << QPointF(cx + w1, y1) << QPointF(cx + w2, y2)
              << QPointF(cx - w2, y2);
@@ -530,7 +540,7 @@ QImage Picture(const Scene& s)
     p.drawLine(QPointF(0, s.horizon + 0.5), QPointF(PictureWidth, s.horizon + 0.5));
 
     if (s.runway)
-        PaintRunway(p, s.horizon, PictureHeight);
+        PaintRunway(p, s.horizon, PictureHeight, {78, 3, 46, 0.9, 0.06, 1.55, 1.4});
     if (s.tower)
         PaintTower(p, 136, s.horizon + 8, 40);
     if (s.windSock)
@@ -802,30 +812,7 @@ QImage Splash()
     grass.setColorAt(0, QColor(126, 180, 88));
     grass.setColorAt(1, QColor(38, 104, 40));
     p.fillRect(QRectF(0, horizon, w, h - horizon), grass);
-    {
-        const double cx = 150;
-        QPolygonF strip;
-        strip << QPointF(cx - 5, horizon + 2) << QPointF(cx + 5, horizon + 2) << QPointF(cx + 112, h)
-              << QPointF(cx - 112, h);
-        QLinearGradient asphalt(0, horizon, 0, h);
-        asphalt.setColorAt(0, QColor(124, 128, 134));
-        asphalt.setColorAt(1, QColor(58, 62, 68));
-        p.setPen(QPen(QColor(248, 248, 242), 1.6));
-        p.setBrush(asphalt);
-        p.drawPolygon(strip);
-        p.setPen(Qt::NoPen);
-        p.setBrush(QColor(250, 250, 244));
-        const double span = h - horizon - 2;
-        for (double t = 0.05; t < 0.95; t *= 1.5) {
-            const double t2 = std::min(t * 1.25, 0.985);
-            const double y1 = horizon + 2 + span * t, y2 = horizon + 2 + span * t2;
-            const double w1 = 0.4 + 3.2 * t, w2 = 0.4 + 3.2 * t2;
-            QPolygonF dash;
-            dash << QPointF(cx - w1, y1) << QPointF(cx + w1, y1) << QPointF(cx + w2, y2)
-                 << QPointF(cx - w2, y2);
-            p.drawPolygon(dash);
-        }
-    }
+    PaintRunway(p, horizon, h, {150, 5, 112, 1.6, 0.05, 1.5, 3.2});
     p.setPen(QPen(QColor(255, 255, 255, 90), 1));
     p.drawLine(QPointF(0, horizon + 0.5), QPointF(w, horizon + 0.5));
 
