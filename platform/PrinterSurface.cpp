@@ -44,16 +44,6 @@ PrinterSurface::PrinterSurface(const QString& pdfFile)
 
 PrinterSurface::~PrinterSurface() = default;
 
-void PrinterSurface::SetDrawWidth(int width) {
-    CheckDrawWidth(width);
-    drawWidth_ = width;
-}
-
-void PrinterSurface::SetFillStyle(int style) {
-    CheckFillStyle(style);
-    fillStyle_ = style;
-}
-
 double PrinterSurface::DevicePerTwip() const {
     return printer_->resolution() / TwipsPerInch;
 }

@@ -11,13 +11,14 @@
 #include <vector>
 
 #include "PageSurface.h"
+#include "SurfaceState.h"
 
 class QPainter;
 class QPrinter;
 
 namespace skelda {
 
-class PrinterSurface : public PageSurface {
+class PrinterSurface : public SurfaceState<PageSurface> {
 public:
     // The system's default printer.
     PrinterSurface();
@@ -27,16 +28,8 @@ public:
     PrinterSurface(const PrinterSurface&) = delete;
     PrinterSurface& operator=(const PrinterSurface&) = delete;
 
-    // ---- Drawing state, as on the screen. DrawWidth counts dots of a 600-dot-an-inch printer,
-    // whatever the real printer's resolution. FillStyle starts transparent, both colours black.
-    int DrawWidth() const override { return drawWidth_; }
-    void SetDrawWidth(int width) override;
-    int FillStyle() const override { return fillStyle_; }
-    void SetFillStyle(int style) override;
-    Color FillColor() const override { return fillColor_; }
-    void SetFillColor(Color color) override { fillColor_ = color; }
-    Color ForeColor() const override { return foreColor_; }
-    void SetForeColor(Color color) override { foreColor_ = color; }
+    // The drawing state is the screen's (SurfaceState.h); DrawWidth counts dots of a
+    // 600-dot-an-inch printer, whatever the real printer's resolution.
 
     // ---- Drawing, in twips from the top left of the printable area.
     void Line(double x1, double y1, double x2, double y2, std::optional<Color> color = {}) override;
@@ -46,10 +39,6 @@ public:
     void Cls() override;
 
     // ---- Text. The default font is the application's family at 10 points.
-    double CurrentX() const override { return currentX_; }
-    double CurrentY() const override { return currentY_; }
-    void SetCurrentX(double x) override { currentX_ = x; }
-    void SetCurrentY(double y) override { currentY_ = y; }
     double FontSize() const override { return font_.pointSizeF(); }
     void SetFontSize(double points) override;  // 0 or less: "Invalid property value" (380)
     double TextWidth(const QString& text) const override;
@@ -74,12 +63,6 @@ private:
 
     std::unique_ptr<QPrinter> printer_;
     std::vector<Step> document_;
-    int drawWidth_ = 1;
-    int fillStyle_ = vbFSTransparent;
-    Color fillColor_ = 0;
-    Color foreColor_ = 0;
-    double currentX_ = 0;
-    double currentY_ = 0;
     QFont font_;
 };
 

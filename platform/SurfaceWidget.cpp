@@ -33,16 +33,6 @@ SurfaceWidget::SurfaceWidget(QWidget* parent) : QWidget(parent), backColor_(vbBu
     drawing_ = BlankPicture(size().expandedTo(QSize(1, 1)));
 }
 
-void SurfaceWidget::SetDrawWidth(int width) {
-    CheckDrawWidth(width);
-    drawWidth_ = width;
-}
-
-void SurfaceWidget::SetFillStyle(int style) {
-    CheckFillStyle(style);
-    fillStyle_ = style;
-}
-
 void SurfaceWidget::Line(double x1, double y1, double x2, double y2, std::optional<Color> color) {
     CoverWidget();
     {

@@ -7,28 +7,17 @@
 #include <QWidget>
 #include <optional>
 
-#include "Surface.h"
+#include "SurfaceState.h"
 
 namespace skelda {
 
-class SurfaceWidget : public QWidget, public Surface {
+// The widget's DrawWidth counts screen pixels, whatever its scale.
+class SurfaceWidget : public QWidget, public SurfaceState<Surface> {
     Q_OBJECT
 public:
     explicit SurfaceWidget(QWidget* parent = nullptr);
 
     QString Tag;  // a small text state, as every control has
-
-    // ---- Drawing state. DrawWidth is in pixels (1 and up); FillStyle 0 solid, 1 transparent (the
-    // default), 2 to 7 hatched. A width below 1 or a style outside 0 to 7 is an "Invalid property
-    // value" (380). ForeColor and FillColor start black.
-    int DrawWidth() const override { return drawWidth_; }
-    void SetDrawWidth(int width) override;
-    int FillStyle() const override { return fillStyle_; }
-    void SetFillStyle(int style) override;
-    Color FillColor() const override { return fillColor_; }
-    void SetFillColor(Color color) override { fillColor_ = color; }
-    Color ForeColor() const override { return foreColor_; }
-    void SetForeColor(Color color) override { foreColor_ = color; }
 
     // ---- Drawing, in the surface's scale (see Surface.h for the current point each leaves).
     void Line(double x1, double y1, double x2, double y2, std::optional<Color> color = {}) override;
@@ -39,10 +28,6 @@ public:
     void Cls() override;
 
     // ---- Text, in the widget's font at FontSize points, in ForeColor, without a background.
-    double CurrentX() const override { return currentX_; }
-    double CurrentY() const override { return currentY_; }
-    void SetCurrentX(double x) override { currentX_ = x; }
-    void SetCurrentY(double y) override { currentY_ = y; }
     double FontSize() const override;
     // A size of 0 or less is an "Invalid property value" (380).
     void SetFontSize(double points) override;
@@ -94,13 +79,7 @@ private:
     QImage BlankPicture(QSize size) const;
     void Changed() { update(); }
 
-    int drawWidth_ = 1;
-    int fillStyle_ = vbFSTransparent;
-    Color fillColor_ = 0;
-    Color foreColor_ = 0;
     Color backColor_;
-    double currentX_ = 0;
-    double currentY_ = 0;
     std::optional<double> fontSize_;  // none: the widget's own font size
     double unitsPerPixelX_ = 15;
     double unitsPerPixelY_ = 15;
