@@ -57,9 +57,7 @@ void DessinerCadran(Form1& f, ResumeNext& step) {
 
 }  // namespace
 
-void W_DataArrival(Form1& f, qint64 /*bytesTotal*/) {
-    IngererReponse(f, f.W.GetData());
-}
+void W_DataArrival(Form1& f, qint64 /*bytesTotal*/) { IngererReponse(f, f.W.GetData()); }
 
 void IngererReponse(Form1& f, const QString& Recu) {
     const Clock& clock = f.forms().services().clock;

@@ -53,10 +53,12 @@ void FillZefir(const QString& path, QDate firstDay, int days) {
             const QByteArray time = QTime(slot / 2, slot % 2 * 30).toString(QStringLiteral("HH:mm:ss")).toUtf8();
             for (int a = 1; a <= kStoreAirports; ++a) {
                 const int knots = (d * 3 + slot * 7 + a * 5) % 30;
-                const QByteArray direction = QByteArray::number((d * 10 + slot * 15 + a * 30) % 360).rightJustified(3, '0');
+                const QByteArray direction =
+                    QByteArray::number((d * 10 + slot * 15 + a * 30) % 360).rightJustified(3, '0');
                 const QByteArray metaf = "LF" + QByteArray::number(a).rightJustified(2, '0') + ' ' + day.right(2) +
                                          time.left(2) + time.mid(3, 2) + "Z " + direction +
-                                         QByteArray::number(knots).rightJustified(2, '0') + "KT 9999 FEW016 12/08 Q1015";
+                                         QByteArray::number(knots).rightJustified(2, '0') +
+                                         "KT 9999 FEW016 12/08 Q1015";
                 sqlite3_bind_int(insert, 1, a);
                 BindText(insert, 2, day);
                 BindText(insert, 3, time);

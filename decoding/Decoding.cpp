@@ -105,9 +105,7 @@ private:
     QVarLengthArray<QChar, 160> buffer_;
 };
 
-Fallible<int16_t> Negated(int16_t value) {
-    return Mul16(value, -1);
-}
+Fallible<int16_t> Negated(int16_t value) { return Mul16(value, -1); }
 
 // The knots equivalent of a wind in metres per second, with the first product held in 16 bits.
 Fallible<double> KnotsOf(int16_t metresPerSecond) {
@@ -117,9 +115,7 @@ Fallible<double> KnotsOf(int16_t metresPerSecond) {
 }
 
 // A cloud height, written in hundreds of feet, in feet; 16 bits like every integer of the program.
-Fallible<int16_t> FeetOf(int16_t hundreds) {
-    return Mul16(hundreds, 100);
-}
+Fallible<int16_t> FeetOf(int16_t hundreds) { return Mul16(hundreds, 100); }
 
 // --- The state of one run ----------------------------------------------------------------------
 

@@ -76,9 +76,7 @@ bool Contient(const QString& texte, const char* mot) {
 }
 
 // Whether a column holds a number above 0; a Null is not (it compares as unknown).
-bool AuDessusDeZero(const Variant& valeur) {
-    return !valeur.IsNull() && valeur.ToDouble() > 0;
-}
+bool AuDessusDeZero(const Variant& valeur) { return !valeur.IsNull() && valeur.ToDouble() > 0; }
 
 QString NomLong(const Variant& degres) {
     QString texte = degres.ToText();

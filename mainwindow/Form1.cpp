@@ -50,9 +50,7 @@ Form1* Form1::Load(Forms& forms) {
     return form.release();
 }
 
-QString Form1::DatabasePath() const {
-    return forms_.services().applicationPath + QStringLiteral("/database.mdb");
-}
+QString Form1::DatabasePath() const { return forms_.services().applicationPath + QStringLiteral("/database.mdb"); }
 
 void Form1::WireEvents() {
     connect(ChoixDate, &ComboBox::Click, this, &Form1::ChoixDate_Click);
@@ -150,13 +148,9 @@ void Form1::Form_MouseDown(int Button, int /*Shift*/, double /*X*/, double /*Y*/
     if (menu != nullptr) menu->exec(QCursor::pos());
 }
 
-void Form1::ChoixDate_Click() {
-    TracerCourbe();
-}
+void Form1::ChoixDate_Click() { TracerCourbe(); }
 
-void Form1::List1_Click() {
-    TracerCourbe();
-}
+void Form1::List1_Click() { TracerCourbe(); }
 
 void Form1::List1_MouseMove(int /*Button*/, int Shift, double X, double Y) {
     // The list's own coordinates fall left of the chart, so the readout goes away as the

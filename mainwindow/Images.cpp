@@ -10,9 +10,7 @@ namespace {
 constexpr int InvalidKey = 35603;
 }
 
-Image::Image(QWidget* parent) : QLabel(parent) {
-    setAlignment(Qt::AlignCenter);
-}
+Image::Image(QWidget* parent) : QLabel(parent) { setAlignment(Qt::AlignCenter); }
 
 void Image::SetPicture(const QPixmap& picture) {
     picture_ = picture;

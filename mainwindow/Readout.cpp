@@ -26,9 +26,7 @@ struct Libelles {
 constexpr Libelles LibellesForme{u"Weather at:", u" Knots", u" gusting to  "};
 constexpr Libelles LibellesEtiquette{u"Weather At:", u" Knts", u" gusting to "};
 
-QString NomCourt(QString degres) {
-    return NomDirection(degres, true).Concat();
-}
+QString NomCourt(QString degres) { return NomDirection(degres, true).Concat(); }
 
 // Writes the heading and the bulletin text of B. Each piece is appended to the caption as the
 // control holds it, and the empty lines of empty phrases are taken out in one pass at the end.

@@ -61,7 +61,8 @@ void ListBox::Clear() {
 int ListBox::ListIndex() const { return currentRow(); }
 
 void ListBox::SetListIndex(int index) {
-    if (index < -1 || index >= count()) throw RuntimeError(InvalidPropertyValue, QStringLiteral("Invalid property value"));
+    if (index < -1 || index >= count())
+        throw RuntimeError(InvalidPropertyValue, QStringLiteral("Invalid property value"));
     raising_ = true;
     setCurrentRow(index);
     if (index >= 0) item(index)->setSelected(true);
@@ -132,7 +133,8 @@ void ComboBox::Clear() {
 }
 
 void ComboBox::SetListIndex(int index) {
-    if (index < -1 || index >= count()) throw RuntimeError(InvalidPropertyValue, QStringLiteral("Invalid property value"));
+    if (index < -1 || index >= count())
+        throw RuntimeError(InvalidPropertyValue, QStringLiteral("Invalid property value"));
     {
         QSignalBlocker block(this);
         setCurrentIndex(index);
@@ -142,7 +144,8 @@ void ComboBox::SetListIndex(int index) {
 
 // ---- Timer
 
-Timer::Timer(int intervalMs, bool enabled, QObject* parent) : QObject(parent), enabled_(enabled), interval_(intervalMs) {
+Timer::Timer(int intervalMs, bool enabled, QObject* parent)
+    : QObject(parent), enabled_(enabled), interval_(intervalMs) {
     connect(&timer_, &QTimer::timeout, this, [this] { emit Tick(); });
     Restart();
 }

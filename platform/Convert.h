@@ -7,8 +7,8 @@
 //
 // A text counts as a number when it is, after optional blanks (spaces, tabs, line ends): an
 // optional sign, digits with at most one "." among or before them, an optional exponent (E or e,
-// optional sign, digits), and optional blanks again. So "12", " 12 ", "-3", "2.5", "1E3" are numbers; "", "//", "12/10",
-// "M05", "1 1/2SM" are not.
+// optional sign, digits), and optional blanks again. So "12", " 12 ", "-3", "2.5", "1E3" are numbers; "", "//",
+// "12/10", "M05", "1 1/2SM" are not.
 #pragma once
 
 #include "Failure.h"

@@ -289,9 +289,7 @@ Recordset Database::OpenRecordset(const QString& source, int type) const {
     return Recordset(std::move(state));
 }
 
-void Database::Close() {
-    Open().Close();
-}
+void Database::Close() { Open().Close(); }
 
 // --- Recordset --------------------------------------------------------------------------------
 
@@ -343,9 +341,7 @@ void Recordset::MoveLast() {
     state.Reach(state.position);
 }
 
-long Recordset::RecordCount() const {
-    return long(Open().reached);
-}
+long Recordset::RecordCount() const { return long(Open().reached); }
 
 Variant Recordset::Fields(const QString& name) const {
     RecordsetState& state = Open();
@@ -386,9 +382,7 @@ void Recordset::FindFirst(const QString& criteria) {
     state.noMatch = true;
 }
 
-bool Recordset::NoMatch() const {
-    return Open().noMatch;
-}
+bool Recordset::NoMatch() const { return Open().noMatch; }
 
 void Recordset::AddNew() {
     RecordsetState& state = Open();
@@ -435,8 +429,6 @@ void Recordset::CancelUpdate() {
     state.pending.clear();
 }
 
-void Recordset::Close() {
-    Open().Release();
-}
+void Recordset::Close() { Open().Release(); }
 
 }  // namespace skelda

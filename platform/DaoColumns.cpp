@@ -21,9 +21,7 @@ const QDate kEpoch(1899, 12, 30);
     throw RuntimeError(DaoConversionError, QStringLiteral("Data type conversion error."));
 }
 
-bool Has(const QByteArray& type, const char* part) {
-    return type.contains(part);
-}
+bool Has(const QByteArray& type, const char* part) { return type.contains(part); }
 
 // The number an assigned value stands for; a text must hold a number.
 double NumberOf(const Variant& value) {
@@ -122,9 +120,7 @@ Variant StoredValue(sqlite3_stmt* statement, int index) {
     }
 }
 
-bool IsNumber(int storage) {
-    return storage == SQLITE_INTEGER || storage == SQLITE_FLOAT;
-}
+bool IsNumber(int storage) { return storage == SQLITE_INTEGER || storage == SQLITE_FLOAT; }
 
 }  // namespace
 

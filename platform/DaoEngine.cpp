@@ -53,9 +53,7 @@ QString DescriptionOf(int number) {
 
 }  // namespace
 
-void StatementDeleter::operator()(sqlite3_stmt* statement) const {
-    sqlite3_finalize(statement);
-}
+void StatementDeleter::operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
 
 void Fail(int number, const QString& description) {
     throw RuntimeError(number, description.isEmpty() ? DescriptionOf(number) : description);

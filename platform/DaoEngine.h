@@ -25,9 +25,7 @@ using Statement = std::unique_ptr<sqlite3_stmt, StatementDeleter>;
 [[noreturn]] void Fail(int number, const QString& description = {});
 
 // The key under which names are looked up: they are matched without regard to case.
-inline QString Key(const QString& name) {
-    return name.toLower();
-}
+inline QString Key(const QString& name) { return name.toLower(); }
 
 // A column of a table, as writing needs it.
 struct TableColumn {

@@ -32,9 +32,7 @@ using Tokens = std::vector<Token>;
     throw RuntimeError(DaoSyntaxInQuery, QStringLiteral("Syntax error in query expression '%1'.").arg(sql.toString()));
 }
 
-bool IsNameCharacter(QChar c) {
-    return c.isLetterOrNumber() || c == u'_';
-}
+bool IsNameCharacter(QChar c) { return c.isLetterOrNumber() || c == u'_'; }
 
 // The end of a literal opened at Start and closed by the same character, where the character
 // written twice stands for itself; -1 when it isn't closed.
@@ -115,9 +113,7 @@ size_t ClosingParenthesis(const Tokens& tokens, size_t open) {
     return 0;
 }
 
-QString QuotedText(const QString& text) {
-    return u'\'' + QString(text).replace(u'\'', QStringLiteral("''")) + u'\'';
-}
+QString QuotedText(const QString& text) { return u'\'' + QString(text).replace(u'\'', QStringLiteral("''")) + u'\''; }
 
 // A date written month first (m/d/yy, m/d/yyyy) or as yyyy-mm-dd, as the engine reads #...#.
 std::optional<QDate> MonthFirstDate(QStringView text) {
@@ -381,8 +377,6 @@ private:
 
 }  // namespace
 
-Criterion ParseCriterion(const QString& criteria) {
-    return CriterionReader(criteria).Read();
-}
+Criterion ParseCriterion(const QString& criteria) { return CriterionReader(criteria).Read(); }
 
 }  // namespace skelda::dao

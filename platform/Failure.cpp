@@ -6,17 +6,28 @@ namespace skelda {
 
 QString ErrorDescription(int number) {
     switch (number) {
-    case NoError: return {};
-    case InvalidProcedureCall: return QStringLiteral("Invalid procedure call or argument");
-    case Overflow: return QStringLiteral("Overflow");
-    case SubscriptOutOfRange: return QStringLiteral("Subscript out of range");
-    case TypeMismatch: return QStringLiteral("Type mismatch");
-    case FileNotFound: return QStringLiteral("File not found");
-    case PermissionDenied: return QStringLiteral("Permission denied");
-    case PathNotFound: return QStringLiteral("Path not found");
-    case ObjectNotSet: return QStringLiteral("Object variable or With block variable not set");
-    case InvalidUseOfNull: return QStringLiteral("Invalid use of Null");
-    default: return QStringLiteral("Application-defined or object-defined error");
+        case NoError:
+            return {};
+        case InvalidProcedureCall:
+            return QStringLiteral("Invalid procedure call or argument");
+        case Overflow:
+            return QStringLiteral("Overflow");
+        case SubscriptOutOfRange:
+            return QStringLiteral("Subscript out of range");
+        case TypeMismatch:
+            return QStringLiteral("Type mismatch");
+        case FileNotFound:
+            return QStringLiteral("File not found");
+        case PermissionDenied:
+            return QStringLiteral("Permission denied");
+        case PathNotFound:
+            return QStringLiteral("Path not found");
+        case ObjectNotSet:
+            return QStringLiteral("Object variable or With block variable not set");
+        case InvalidUseOfNull:
+            return QStringLiteral("Invalid use of Null");
+        default:
+            return QStringLiteral("Application-defined or object-defined error");
     }
 }
 

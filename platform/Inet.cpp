@@ -53,9 +53,7 @@ int NumberOf(CURLcode code) {
     }
 }
 
-[[noreturn]] void Fail(int number) {
-    throw RuntimeError(number, DescriptionOf(number));
-}
+[[noreturn]] void Fail(int number) { throw RuntimeError(number, DescriptionOf(number)); }
 
 // Keeps what arrives. Nothing may be thrown through libcurl: a body too big to keep ends the
 // transfer as a failed write instead.

@@ -10,10 +10,17 @@ int ScreenMessageBoxes::MsgBox(const QString& prompt, int style, const QString& 
     box.setWindowTitle(title.isEmpty() ? QApplication::applicationName() : title);
     box.setText(prompt);
     switch (style & 0x70) {
-    case vbCritical: box.setIcon(QMessageBox::Critical); break;
-    case vbQuestion: box.setIcon(QMessageBox::Question); break;
-    case vbExclamation: box.setIcon(QMessageBox::Warning); break;
-    default: break;
+        case vbCritical:
+            box.setIcon(QMessageBox::Critical);
+            break;
+        case vbQuestion:
+            box.setIcon(QMessageBox::Question);
+            break;
+        case vbExclamation:
+            box.setIcon(QMessageBox::Warning);
+            break;
+        default:
+            break;
     }
     if ((style & 0x0f) == vbYesNo) {
         box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);

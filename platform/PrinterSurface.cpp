@@ -44,13 +44,9 @@ PrinterSurface::PrinterSurface(const QString& pdfFile)
 
 PrinterSurface::~PrinterSurface() = default;
 
-double PrinterSurface::DevicePerTwip() const {
-    return printer_->resolution() / TwipsPerInch;
-}
+double PrinterSurface::DevicePerTwip() const { return printer_->resolution() / TwipsPerInch; }
 
-double PrinterSurface::PenWidth() const {
-    return drawWidth_ * printer_->resolution() / DrawWidthDotsPerInch;
-}
+double PrinterSurface::PenWidth() const { return drawWidth_ * printer_->resolution() / DrawWidthDotsPerInch; }
 
 void PrinterSurface::Line(double x1, double y1, double x2, double y2, std::optional<Color> color) {
     const double k = DevicePerTwip();
@@ -134,18 +130,10 @@ void PrinterSurface::Print(const QString& text) {
     currentY_ = y;
 }
 
-double PrinterSurface::Width() const {
-    return printer_->paperRect(QPrinter::Point).width() * TwipsPerPoint;
-}
-double PrinterSurface::Height() const {
-    return printer_->paperRect(QPrinter::Point).height() * TwipsPerPoint;
-}
-double PrinterSurface::ScaleWidth() const {
-    return printer_->pageRect(QPrinter::Point).width() * TwipsPerPoint;
-}
-double PrinterSurface::ScaleHeight() const {
-    return printer_->pageRect(QPrinter::Point).height() * TwipsPerPoint;
-}
+double PrinterSurface::Width() const { return printer_->paperRect(QPrinter::Point).width() * TwipsPerPoint; }
+double PrinterSurface::Height() const { return printer_->paperRect(QPrinter::Point).height() * TwipsPerPoint; }
+double PrinterSurface::ScaleWidth() const { return printer_->pageRect(QPrinter::Point).width() * TwipsPerPoint; }
+double PrinterSurface::ScaleHeight() const { return printer_->pageRect(QPrinter::Point).height() * TwipsPerPoint; }
 
 void PrinterSurface::EndDoc() {
     std::vector<Step> document = std::move(document_);

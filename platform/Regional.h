@@ -16,9 +16,9 @@
 
 namespace skelda {
 
-QString DateText(QDate date);          // 02/11/2004
-QString TimeText(QTime time);          // 15:07:09
-QString ShortTimeText(QTime time);     // 15:07, the 'Short Time' format
+QString DateText(QDate date);                   // 02/11/2004
+QString TimeText(QTime time);                   // 15:07:09
+QString ShortTimeText(QTime time);              // 15:07, the 'Short Time' format
 QString DateTimeText(const QDateTime& moment);  // 02/11/2004 15:07:09, the log's stamp
 
 // A number as the default conversion to text writes it: up to 15 significant digits, no

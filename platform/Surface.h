@@ -32,11 +32,11 @@ public:
 
     virtual int DrawWidth() const = 0;
     virtual void SetDrawWidth(int width) = 0;
-    virtual int FillStyle() const = 0;        // 0 solid, 1 transparent (the default)
+    virtual int FillStyle() const = 0;  // 0 solid, 1 transparent (the default)
     virtual void SetFillStyle(int style) = 0;
     virtual Color FillColor() const = 0;
     virtual void SetFillColor(Color color) = 0;
-    virtual Color ForeColor() const = 0;      // the colour of a line or edge drawn with none given
+    virtual Color ForeColor() const = 0;  // the colour of a line or edge drawn with none given
     virtual void SetForeColor(Color color) = 0;
 
     // A straight line. Leaves the current point at (x2, y2).

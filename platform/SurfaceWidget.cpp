@@ -166,9 +166,7 @@ QPointF SurfaceWidget::PixelToScale(const QPointF& pixel) const {
     return {pixel.x() * unitsPerPixelX_, pixel.y() * unitsPerPixelY_};
 }
 
-QPointF SurfaceWidget::ScaleToPixel(double x, double y) const {
-    return {x / unitsPerPixelX_, y / unitsPerPixelY_};
-}
+QPointF SurfaceWidget::ScaleToPixel(double x, double y) const { return {x / unitsPerPixelX_, y / unitsPerPixelY_}; }
 
 QImage SurfaceWidget::Snapshot() const {
     CoverWidget();

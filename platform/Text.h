@@ -20,8 +20,7 @@ QStringView Right(QStringView text, qsizetype length);
 // Position (from 1) of the first Find in Text at or after Start, or 0. An empty Find is found
 // at Start. CaseInsensitive compares without regard to case.
 qsizetype InStr(QStringView text, QStringView find, Qt::CaseSensitivity cs = Qt::CaseSensitive);
-qsizetype InStr(qsizetype start, QStringView text, QStringView find,
-                Qt::CaseSensitivity cs = Qt::CaseSensitive);
+qsizetype InStr(qsizetype start, QStringView text, QStringView find, Qt::CaseSensitivity cs = Qt::CaseSensitive);
 
 // Blanks (the space character only, not tabs or line ends) removed at the ends.
 QStringView Trim(QStringView text);
@@ -30,8 +29,7 @@ QStringView RTrim(QStringView text);
 
 // Every Find replaced by With, in one pass from the left: what a replacement produces is not
 // looked at again, so "a\r\n\r\n\r\n" with CR LF CR LF -> CR LF gives "a\r\n\r\n".
-QString Replace(QStringView text, QStringView find, QStringView with,
-                Qt::CaseSensitivity cs = Qt::CaseSensitive);
+QString Replace(QStringView text, QStringView find, QStringView with, Qt::CaseSensitivity cs = Qt::CaseSensitive);
 
 // The pieces between every single Delimiter: adjacent delimiters give empty pieces, and a text
 // without any gives one piece.

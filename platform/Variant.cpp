@@ -48,47 +48,65 @@ Variant::Kind Variant::kind() const { return static_cast<Kind>(v_.index()); }
 
 bool Variant::IsNumeric() const {
     switch (kind()) {
-    case Kind::Empty:
-    case Kind::Boolean:
-    case Kind::Integer:
-    case Kind::Long:
-    case Kind::Double: return true;
-    case Kind::String: return skelda::IsNumeric(std::get<QString>(v_));
-    default: return false;
+        case Kind::Empty:
+        case Kind::Boolean:
+        case Kind::Integer:
+        case Kind::Long:
+        case Kind::Double:
+            return true;
+        case Kind::String:
+            return skelda::IsNumeric(std::get<QString>(v_));
+        default:
+            return false;
     }
 }
 
 QString Variant::ToText() const {
     switch (kind()) {
-    case Kind::Empty: return {};
-    case Kind::Null: throw RuntimeError(InvalidUseOfNull);
-    case Kind::Boolean: return std::get<bool>(v_) ? QStringLiteral("True") : QStringLiteral("False");
-    case Kind::Integer: return QString::number(std::get<int16_t>(v_));
-    case Kind::Long: return QString::number(std::get<int32_t>(v_));
-    case Kind::Double: return NumberText(std::get<double>(v_));
-    case Kind::Date: {
-        // A date shows without its time at midnight, and a time of day 0 without its date.
-        const double serial = std::get<DateTag>(v_).serial;
-        const QDateTime moment = FromSerialDate(serial);
-        if (std::floor(serial) == 0) return skelda::TimeText(moment.time());  // midnight too
-        if (moment.time() == QTime(0, 0)) return skelda::DateText(moment.date());
-        return DateTimeText(moment);
-    }
-    case Kind::String: return std::get<QString>(v_);
+        case Kind::Empty:
+            return {};
+        case Kind::Null:
+            throw RuntimeError(InvalidUseOfNull);
+        case Kind::Boolean:
+            return std::get<bool>(v_) ? QStringLiteral("True") : QStringLiteral("False");
+        case Kind::Integer:
+            return QString::number(std::get<int16_t>(v_));
+        case Kind::Long:
+            return QString::number(std::get<int32_t>(v_));
+        case Kind::Double:
+            return NumberText(std::get<double>(v_));
+        case Kind::Date: {
+            // A date shows without its time at midnight, and a time of day 0 without its date.
+            const double serial = std::get<DateTag>(v_).serial;
+            const QDateTime moment = FromSerialDate(serial);
+            if (std::floor(serial) == 0) return skelda::TimeText(moment.time());  // midnight too
+            if (moment.time() == QTime(0, 0)) return skelda::DateText(moment.date());
+            return DateTimeText(moment);
+        }
+        case Kind::String:
+            return std::get<QString>(v_);
     }
     return {};
 }
 
 Fallible<double> Variant::DoubleOf() const {
     switch (kind()) {
-    case Kind::Empty: return 0.0;
-    case Kind::Null: return Fallible<double>::Failed(InvalidUseOfNull);
-    case Kind::Boolean: return std::get<bool>(v_) ? -1.0 : 0.0;
-    case Kind::Integer: return double(std::get<int16_t>(v_));
-    case Kind::Long: return double(std::get<int32_t>(v_));
-    case Kind::Double: return std::get<double>(v_);
-    case Kind::Date: return std::get<DateTag>(v_).serial;
-    case Kind::String: return CDblOf(std::get<QString>(v_));
+        case Kind::Empty:
+            return 0.0;
+        case Kind::Null:
+            return Fallible<double>::Failed(InvalidUseOfNull);
+        case Kind::Boolean:
+            return std::get<bool>(v_) ? -1.0 : 0.0;
+        case Kind::Integer:
+            return double(std::get<int16_t>(v_));
+        case Kind::Long:
+            return double(std::get<int32_t>(v_));
+        case Kind::Double:
+            return std::get<double>(v_);
+        case Kind::Date:
+            return std::get<DateTag>(v_).serial;
+        case Kind::String:
+            return CDblOf(std::get<QString>(v_));
     }
     return 0.0;
 }
@@ -122,26 +140,31 @@ bool Variant::ToBool() const {
 
 QDateTime Variant::ToDateTime() const {
     switch (kind()) {
-    case Kind::Null: throw RuntimeError(InvalidUseOfNull);
-    case Kind::Date: return FromSerialDate(std::get<DateTag>(v_).serial);
-    case Kind::String: {
-        const QString& s = std::get<QString>(v_);
-        const qsizetype blank = s.trimmed().indexOf(u' ');
-        const QString trimmed = s.trimmed();
-        if (blank > 0) {
-            const auto d = ParseDate(QStringView(trimmed).first(blank));
-            const auto t = ParseTime(QStringView(trimmed).sliced(blank + 1));
-            if (d && t) return QDateTime(*d, *t);
+        case Kind::Null:
+            throw RuntimeError(InvalidUseOfNull);
+        case Kind::Date:
+            return FromSerialDate(std::get<DateTag>(v_).serial);
+        case Kind::String: {
+            const QString& s = std::get<QString>(v_);
+            const qsizetype blank = s.trimmed().indexOf(u' ');
+            const QString trimmed = s.trimmed();
+            if (blank > 0) {
+                const auto d = ParseDate(QStringView(trimmed).first(blank));
+                const auto t = ParseTime(QStringView(trimmed).sliced(blank + 1));
+                if (d && t) return QDateTime(*d, *t);
+            }
+            if (const auto d = ParseDate(trimmed)) return QDateTime(*d, QTime(0, 0));
+            if (const auto t = ParseTime(trimmed)) return QDateTime(kEpoch, *t);
+            throw RuntimeError(TypeMismatch);
         }
-        if (const auto d = ParseDate(trimmed)) return QDateTime(*d, QTime(0, 0));
-        if (const auto t = ParseTime(trimmed)) return QDateTime(kEpoch, *t);
-        throw RuntimeError(TypeMismatch);
-    }
-    default: return FromSerialDate(ToDouble());
+        default:
+            return FromSerialDate(ToDouble());
     }
 }
 
-double Variant::DateSerial() const { return kind() == Kind::Date ? std::get<DateTag>(v_).serial : ToSerial(ToDateTime()); }
+double Variant::DateSerial() const {
+    return kind() == Kind::Date ? std::get<DateTag>(v_).serial : ToSerial(ToDateTime());
+}
 
 QString Variant::Concat() const { return IsNull() ? QString() : ToText(); }
 

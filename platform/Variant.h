@@ -23,18 +23,18 @@ class Variant {
 public:
     enum class Kind { Empty, Null, Boolean, Integer, Long, Double, Date, String };
 
-    Variant() = default;                       // Empty
-    Variant(bool b) : v_(b) {}                 // NOLINT: values convert implicitly, as in the run time
-    Variant(int16_t i) : v_(i) {}              // NOLINT
-    Variant(int32_t l) : v_(l) {}              // NOLINT
-    Variant(double d) : v_(d) {}               // NOLINT
-    Variant(const QString& s) : v_(s) {}       // NOLINT
+    Variant() = default;                                       // Empty
+    Variant(bool b) : v_(b) {}                                 // NOLINT: values convert implicitly, as in the run time
+    Variant(int16_t i) : v_(i) {}                              // NOLINT
+    Variant(int32_t l) : v_(l) {}                              // NOLINT
+    Variant(double d) : v_(d) {}                               // NOLINT
+    Variant(const QString& s) : v_(s) {}                       // NOLINT
     Variant(const char16_t* s) : v_(QString::fromUtf16(s)) {}  // NOLINT
     static Variant Null();
-    static Variant FromDate(QDate date);                 // a date at midnight
-    static Variant FromTime(QTime time);                 // a time on day 0 (30/12/1899)
+    static Variant FromDate(QDate date);  // a date at midnight
+    static Variant FromTime(QTime time);  // a time on day 0 (30/12/1899)
     static Variant FromDateTime(const QDateTime& moment);
-    static Variant FromSerial(double serial);            // days since 30/12/1899, time as fraction
+    static Variant FromSerial(double serial);  // days since 30/12/1899, time as fraction
 
     Kind kind() const;
     bool IsEmpty() const { return kind() == Kind::Empty; }
@@ -42,13 +42,13 @@ public:
     bool IsNumeric() const;  // a number, a boolean, Empty, or a text that holds a number
 
     // Conversions that throw RuntimeError as the run time does.
-    QString ToText() const;      // CStr
-    double ToDouble() const;     // CDbl
-    int16_t ToInt16() const;     // CInt
-    int32_t ToInt32() const;     // CLng
-    bool ToBool() const;         // CBool
+    QString ToText() const;        // CStr
+    double ToDouble() const;       // CDbl
+    int16_t ToInt16() const;       // CInt
+    int32_t ToInt32() const;       // CLng
+    bool ToBool() const;           // CBool
     QDateTime ToDateTime() const;  // CDate
-    double DateSerial() const;   // the date-and-time as days since 30/12/1899
+    double DateSerial() const;     // the date-and-time as days since 30/12/1899
 
     // The same, as a Fallible: the cheap way for a skipped statement.
     Fallible<int16_t> Int16Of() const;

@@ -81,13 +81,9 @@ void ResetOnClose(QTcpSocket& socket) {
 
 Winsock::Winsock(QObject* parent) : QObject(parent) {}
 
-Winsock::~Winsock() {
-    Close();
-}
+Winsock::~Winsock() { Close(); }
 
-int Winsock::BoundPort() const {
-    return socket_ ? socket_->localPort() : 0;
-}
+int Winsock::BoundPort() const { return socket_ ? socket_->localPort() : 0; }
 
 void Winsock::Connect() {
     if (state_ != sckClosed) throw RuntimeError(sckInvalidOp, DescriptionOf(sckInvalidOp));
@@ -201,9 +197,7 @@ void Winsock::SendData(const QByteArray& data) {
     socket_->write(data);
 }
 
-void Winsock::SendData(const QString& text) {
-    SendData(text.toLatin1());
-}
+void Winsock::SendData(const QString& text) { SendData(text.toLatin1()); }
 
 QString Winsock::GetData() {
     if (socket_) received_ += socket_->readAll();

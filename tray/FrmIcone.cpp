@@ -29,9 +29,7 @@ constexpr int NIM_DELETE = 2;
 constexpr int TailleTip = 64;  // the tip field's fixed width, in characters
 
 // The record's fixed-width tip field: the text from the left, cut to the field, blanks behind.
-QString ChampTip(const QString& texte) {
-    return texte.left(TailleTip).leftJustified(TailleTip, u' ');
-}
+QString ChampTip(const QString& texte) { return texte.left(TailleTip).leftJustified(TailleTip, u' '); }
 
 }  // namespace
 

@@ -2,7 +2,4 @@
 
 #include <QtGlobal>
 
-void InitArtwork()
-{
-    Q_INIT_RESOURCE(artwork);
-}
+void InitArtwork() { Q_INIT_RESOURCE(artwork); }

@@ -34,8 +34,7 @@ constexpr double Pi = std::numbers::pi;
 // Shared shapes
 
 // A cumulus fitted in a box of width w from (x, y); it is about 0.6 w high.
-QPainterPath Cloud(double x, double y, double w)
-{
+QPainterPath Cloud(double x, double y, double w) {
     QPainterPath path;
     path.setFillRule(Qt::WindingFill);
     path.addEllipse(QPointF(x + 0.30 * w, y + 0.40 * w), 0.20 * w, 0.20 * w);
@@ -45,9 +44,8 @@ QPainterPath Cloud(double x, double y, double w)
     return path.simplified();
 }
 
-void PaintCloud(QPainter& p, const QPainterPath& cloud, const QColor& top, const QColor& bottom,
-                const QColor& edge, double edgeWidth)
-{
+void PaintCloud(QPainter& p, const QPainterPath& cloud, const QColor& top, const QColor& bottom, const QColor& edge,
+                double edgeWidth) {
     const QRectF box = cloud.boundingRect();
     QLinearGradient fill(box.topLeft(), box.bottomLeft());
     fill.setColorAt(0, top);
@@ -61,9 +59,8 @@ void PaintCloud(QPainter& p, const QPainterPath& cloud, const QColor& top, const
 }
 
 // A sun: a disc with rays from inner to outer radius.
-void PaintSun(QPainter& p, QPointF c, double r, double rayFrom, double rayTo, double rayWidth,
-              int rays = 8, double turn = 0)
-{
+void PaintSun(QPainter& p, QPointF c, double r, double rayFrom, double rayTo, double rayWidth, int rays = 8,
+              double turn = 0) {
     p.setPen(QPen(QColor(245, 166, 0), rayWidth, Qt::SolidLine, Qt::RoundCap));
     for (int i = 0; i < rays; ++i) {
         const double a = turn + 2 * Pi * i / rays;
@@ -78,24 +75,20 @@ void PaintSun(QPainter& p, QPointF c, double r, double rayFrom, double rayTo, do
     p.drawEllipse(c, r, r);
 }
 
-void PaintBolt(QPainter& p, const std::vector<QPointF>& points, double edge)
-{
+void PaintBolt(QPainter& p, const std::vector<QPointF>& points, double edge) {
     QPolygonF bolt(QList<QPointF>(points.begin(), points.end()));
     p.setBrush(QColor(255, 214, 30));
     p.setPen(QPen(QColor(176, 124, 0), edge, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     p.drawPolygon(bolt);
 }
 
-void PaintDrops(QPainter& p, const std::vector<QLineF>& drops, const QColor& colour, double width)
-{
+void PaintDrops(QPainter& p, const std::vector<QLineF>& drops, const QColor& colour, double width) {
     p.setPen(QPen(colour, width, Qt::SolidLine, Qt::RoundCap));
-    for (const QLineF& d : drops)
-        p.drawLine(d);
+    for (const QLineF& d : drops) p.drawLine(d);
 }
 
 // A six-armed snow flake.
-void PaintFlake(QPainter& p, QPointF c, double r, const QColor& colour, double width)
-{
+void PaintFlake(QPainter& p, QPointF c, double r, const QColor& colour, double width) {
     p.setPen(QPen(colour, width, Qt::SolidLine, Qt::RoundCap));
     for (int i = 0; i < 3; ++i) {
         const double a = Pi / 2 + i * Pi / 3;
@@ -106,9 +99,7 @@ void PaintFlake(QPainter& p, QPointF c, double r, const QColor& colour, double w
 
 // A wind sock on its mast. The mast stands at foot, the sock flies towards dir (+1 right,
 // -1 left) from the top of the mast; length and mouth are the sock's size.
-void PaintWindSock(QPainter& p, QPointF foot, double mastHeight, double length, double mouth,
-                   int dir, double droop)
-{
+void PaintWindSock(QPainter& p, QPointF foot, double mastHeight, double length, double mouth, int dir, double droop) {
     const QPointF top(foot.x(), foot.y() - mastHeight);
     const double mast = std::max(1.5, mouth / 9);
     p.setPen(QPen(QColor(70, 74, 82), mast, Qt::SolidLine, Qt::RoundCap));
@@ -131,19 +122,17 @@ void PaintWindSock(QPainter& p, QPointF foot, double mastHeight, double length, 
         p.drawPolygon(band);
     }
     QPolygonF outline;
-    outline << centre(0) + QPointF(0, -half(0)) << centre(1) + QPointF(0, -half(1))
-            << centre(1) + QPointF(0, half(1)) << centre(0) + QPointF(0, half(0));
+    outline << centre(0) + QPointF(0, -half(0)) << centre(1) + QPointF(0, -half(1)) << centre(1) + QPointF(0, half(1))
+            << centre(0) + QPointF(0, half(0));
     p.setBrush(Qt::NoBrush);
-    p.setPen(QPen(QColor(120, 40, 20), std::max(0.6, mouth / 22), Qt::SolidLine, Qt::RoundCap,
-                  Qt::RoundJoin));
+    p.setPen(QPen(QColor(120, 40, 20), std::max(0.6, mouth / 22), Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     p.drawPolygon(outline);
     // The hoop that holds the mouth open.
     p.setPen(QPen(QColor(70, 74, 82), std::max(1.0, mouth / 12), Qt::SolidLine, Qt::RoundCap));
     p.drawLine(centre(0) + QPointF(0, -half(0)), centre(0) + QPointF(0, half(0)));
 }
 
-QFont Font(double pixels, int weight = QFont::Bold, bool italic = false)
-{
+QFont Font(double pixels, int weight = QFont::Bold, bool italic = false) {
     QFont f(QStringLiteral("DejaVu Sans"));
     f.setStyleHint(QFont::SansSerif);
     f.setPixelSize(int(std::lround(pixels)));
@@ -153,9 +142,8 @@ QFont Font(double pixels, int weight = QFont::Bold, bool italic = false)
 }
 
 // Text with a soft dark shadow, so that it reads on sky and clouds alike.
-void PaintLettering(QPainter& p, QPointF at, const QString& text, const QFont& font,
-                    const QColor& colour, double shadow)
-{
+void PaintLettering(QPainter& p, QPointF at, const QString& text, const QFont& font, const QColor& colour,
+                    double shadow) {
     QPainterPath path;
     path.addText(at, font, text);
     p.setPen(Qt::NoPen);
@@ -168,8 +156,7 @@ void PaintLettering(QPainter& p, QPointF at, const QString& text, const QFont& f
 // ---------------------------------------------------------------------------------------------
 // The weather symbols of the day chart, 16 by 16, transparent around the drawing
 
-QImage NewSymbol()
-{
+QImage NewSymbol() {
     QImage image(16, 16, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
     return image;
@@ -177,27 +164,21 @@ QImage NewSymbol()
 
 const QColor CloudEdge(96, 112, 130);
 
-void LightCloud(QPainter& p, double x, double y, double w)
-{
+void LightCloud(QPainter& p, double x, double y, double w) {
     PaintCloud(p, Cloud(x, y, w), QColor(255, 255, 255), QColor(208, 218, 230), CloudEdge, 0.9);
 }
 
-void GreyCloud(QPainter& p, double x, double y, double w)
-{
-    PaintCloud(p, Cloud(x, y, w), QColor(226, 232, 239), QColor(164, 177, 192), QColor(84, 98, 116),
-               0.9);
+void GreyCloud(QPainter& p, double x, double y, double w) {
+    PaintCloud(p, Cloud(x, y, w), QColor(226, 232, 239), QColor(164, 177, 192), QColor(84, 98, 116), 0.9);
 }
 
-void DarkCloud(QPainter& p, double x, double y, double w)
-{
-    PaintCloud(p, Cloud(x, y, w), QColor(150, 160, 174), QColor(92, 102, 118), QColor(50, 58, 70),
-               0.9);
+void DarkCloud(QPainter& p, double x, double y, double w) {
+    PaintCloud(p, Cloud(x, y, w), QColor(150, 160, 174), QColor(92, 102, 118), QColor(50, 58, 70), 0.9);
 }
 
 const QColor RainBlue(30, 112, 220);
 
-QImage SymbolSun()
-{
+QImage SymbolSun() {
     QImage image = NewSymbol();
     QPainter p(&image);
     p.setRenderHint(QPainter::Antialiasing);
@@ -205,8 +186,7 @@ QImage SymbolSun()
     return image;
 }
 
-QImage SymbolSunCloud()
-{
+QImage SymbolSunCloud() {
     QImage image = NewSymbol();
     QPainter p(&image);
     p.setRenderHint(QPainter::Antialiasing);
@@ -215,8 +195,7 @@ QImage SymbolSunCloud()
     return image;
 }
 
-QImage SymbolCloud()
-{
+QImage SymbolCloud() {
     QImage image = NewSymbol();
     QPainter p(&image);
     p.setRenderHint(QPainter::Antialiasing);
@@ -224,19 +203,16 @@ QImage SymbolCloud()
     return image;
 }
 
-QImage SymbolRain()
-{
+QImage SymbolRain() {
     QImage image = NewSymbol();
     QPainter p(&image);
     p.setRenderHint(QPainter::Antialiasing);
     GreyCloud(p, 0.8, 0.2, 14.4);
-    PaintDrops(p, {QLineF(5, 10.8, 4, 14.2), QLineF(8.5, 10.8, 7.5, 14.2), QLineF(12, 10.8, 11, 14.2)},
-               RainBlue, 1.4);
+    PaintDrops(p, {QLineF(5, 10.8, 4, 14.2), QLineF(8.5, 10.8, 7.5, 14.2), QLineF(12, 10.8, 11, 14.2)}, RainBlue, 1.4);
     return image;
 }
 
-QImage SymbolRainBig()
-{
+QImage SymbolRainBig() {
     QImage image = NewSymbol();
     QPainter p(&image);
     p.setRenderHint(QPainter::Antialiasing);
@@ -248,35 +224,32 @@ QImage SymbolRainBig()
     return image;
 }
 
-QImage SymbolStorm()
-{
+QImage SymbolStorm() {
     QImage image = NewSymbol();
     QPainter p(&image);
     p.setRenderHint(QPainter::Antialiasing);
     DarkCloud(p, 0.8, 0.0, 14.4);
     PaintBolt(p,
-              {QPointF(9.2, 6.5), QPointF(5.2, 11.2), QPointF(7.8, 11.2), QPointF(6.2, 15.6),
-               QPointF(11.4, 9.6), QPointF(8.8, 9.6), QPointF(10.8, 6.5)},
+              {QPointF(9.2, 6.5), QPointF(5.2, 11.2), QPointF(7.8, 11.2), QPointF(6.2, 15.6), QPointF(11.4, 9.6),
+               QPointF(8.8, 9.6), QPointF(10.8, 6.5)},
               0.7);
     return image;
 }
 
-QImage SymbolRainStorm()
-{
+QImage SymbolRainStorm() {
     QImage image = NewSymbol();
     QPainter p(&image);
     p.setRenderHint(QPainter::Antialiasing);
     DarkCloud(p, 0.8, 0.0, 14.4);
     PaintDrops(p, {QLineF(3.8, 10.6, 2.6, 14.2), QLineF(13.2, 10.6, 12.0, 14.2)}, RainBlue, 1.4);
     PaintBolt(p,
-              {QPointF(9.0, 6.8), QPointF(5.8, 11.0), QPointF(7.9, 11.0), QPointF(6.6, 15.4),
-               QPointF(10.8, 9.8), QPointF(8.7, 9.8), QPointF(10.4, 6.8)},
+              {QPointF(9.0, 6.8), QPointF(5.8, 11.0), QPointF(7.9, 11.0), QPointF(6.6, 15.4), QPointF(10.8, 9.8),
+               QPointF(8.7, 9.8), QPointF(10.4, 6.8)},
               0.7);
     return image;
 }
 
-QImage SymbolFog()
-{
+QImage SymbolFog() {
     QImage image = NewSymbol();
     QPainter p(&image);
     p.setRenderHint(QPainter::Antialiasing);
@@ -291,8 +264,7 @@ QImage SymbolFog()
     return image;
 }
 
-QImage SymbolSnow()
-{
+QImage SymbolSnow() {
     QImage image = NewSymbol();
     QPainter p(&image);
     p.setRenderHint(QPainter::Antialiasing);
@@ -310,12 +282,12 @@ constexpr int PictureWidth = 150;
 constexpr int PictureHeight = 100;
 
 struct Scene {
-    QString code;        // lettered top left, "" for none
-    QString city;        // lettered under the code
+    QString code;  // lettered top left, "" for none
+    QString city;  // lettered under the code
     QColor skyTop, skyLow;
     double horizon = 64;  // y of the horizon
     bool mountains = false;
-    bool sea = false;      // water along the horizon, left of seaUntil
+    bool sea = false;  // water along the horizon, left of seaUntil
     double seaUntil = 150;
     bool skyline = false;  // a city on the horizon
     bool sun = false;
@@ -329,8 +301,7 @@ struct Scene {
     bool windSock = false;
 };
 
-void PaintPlane(QPainter& p, QPointF at, double angle, double size)
-{
+void PaintPlane(QPainter& p, QPointF at, double angle, double size) {
     // A jet seen from the side, nose to the right.
     p.save();
     p.translate(at);
@@ -367,8 +338,7 @@ void PaintPlane(QPainter& p, QPointF at, double angle, double size)
     p.restore();
 }
 
-void PaintTower(QPainter& p, double x, double ground, double height)
-{
+void PaintTower(QPainter& p, double x, double ground, double height) {
     const double w = height * 0.16;
     // Shaft.
     QLinearGradient shaft(x - w / 2, 0, x + w / 2, 0);
@@ -395,8 +365,7 @@ void PaintTower(QPainter& p, double x, double ground, double height)
     p.drawLine(QPointF(x, cabTop), QPointF(x, cabTop - height * 0.12));
 }
 
-void PaintSkyline(QPainter& p, double horizon, double from, double to)
-{
+void PaintSkyline(QPainter& p, double horizon, double from, double to) {
     // A row of blocks of a distant city, in the blue of the haze.
     const double heights[] = {6, 9, 5, 11, 7, 4, 8, 13, 6, 5, 9, 7, 4, 10, 6, 8};
     const double widths[] = {5, 4, 6, 3, 5, 7, 4, 3, 6, 4, 5, 3, 6, 4, 5, 4};
@@ -410,14 +379,12 @@ void PaintSkyline(QPainter& p, double horizon, double from, double to)
     }
 }
 
-void PaintMountains(QPainter& p, double horizon, const QColor& far, const QColor& near)
-{
+void PaintMountains(QPainter& p, double horizon, const QColor& far, const QColor& near) {
     QPainterPath back;
     back.moveTo(0, horizon + 1);
-    const double ridge1[][2] = {{0, 44}, {14, 36}, {26, 42}, {42, 28}, {58, 40}, {70, 34},
+    const double ridge1[][2] = {{0, 44},  {14, 36},  {26, 42},  {42, 28},  {58, 40}, {70, 34},
                                 {86, 44}, {102, 31}, {118, 39}, {134, 33}, {150, 42}};
-    for (auto& pt : ridge1)
-        back.lineTo(pt[0], horizon - (64 - pt[1]) * 0.8);
+    for (auto& pt : ridge1) back.lineTo(pt[0], horizon - (64 - pt[1]) * 0.8);
     back.lineTo(150, horizon + 1);
     back.closeSubpath();
     p.setPen(Qt::NoPen);
@@ -437,10 +404,8 @@ void PaintMountains(QPainter& p, double horizon, const QColor& far, const QColor
 
     QPainterPath front;
     front.moveTo(0, horizon + 1);
-    const double ridge2[][2] = {{0, 54}, {20, 49}, {40, 55}, {64, 50}, {90, 56},
-                                {112, 51}, {134, 55}, {150, 52}};
-    for (auto& pt : ridge2)
-        front.lineTo(pt[0], horizon - (64 - pt[1]) * 0.8);
+    const double ridge2[][2] = {{0, 54}, {20, 49}, {40, 55}, {64, 50}, {90, 56}, {112, 51}, {134, 55}, {150, 52}};
+    for (auto& pt : ridge2) front.lineTo(pt[0], horizon - (64 - pt[1]) * 0.8);
     front.lineTo(150, horizon + 1);
     front.closeSubpath();
     p.setBrush(near);
@@ -459,8 +424,7 @@ struct RunwayShape {
     double dashWidth;
 };
 
-void PaintRunway(QPainter& p, double horizon, double height, const RunwayShape& r)
-{
+void PaintRunway(QPainter& p, double horizon, double height, const RunwayShape& r) {
     // The runway seen from its threshold, vanishing at the horizon.
     const double cx = r.centreX;
     QPolygonF strip;
@@ -481,14 +445,12 @@ void PaintRunway(QPainter& p, double horizon, double height, const RunwayShape& 
         const double y1 = horizon + 2 + span * t, y2 = horizon + 2 + span * t2;
         const double w1 = 0.3 + r.dashWidth * t, w2 = 0.3 + r.dashWidth * t2;
         QPolygonF dash;
-        dash << QPointF(cx - w1, y1) << QPointF(cx + w1, y1) << QPointF(cx + w2, y2)
-             << QPointF(cx - w2, y2);
+        dash << QPointF(cx - w1, y1) << QPointF(cx + w1, y1) << QPointF(cx + w2, y2) << QPointF(cx - w2, y2);
         p.drawPolygon(dash);
     }
 }
 
-QImage Picture(const Scene& s)
-{
+QImage Picture(const Scene& s) {
     QImage image(PictureWidth, PictureHeight, QImage::Format_RGB32);
     QPainter p(&image);
     p.setRenderHint(QPainter::Antialiasing);
@@ -500,16 +462,13 @@ QImage Picture(const Scene& s)
     sky.setColorAt(1, s.skyLow);
     p.fillRect(QRectF(0, 0, PictureWidth, s.horizon + 1), sky);
 
-    if (s.sun)
-        PaintSun(p, s.sunAt, 8, 11, 15, 2.2, 12, 0);
+    if (s.sun) PaintSun(p, s.sunAt, 8, 11, 15, 2.2, 12, 0);
     for (const QPointF& c : s.clouds)
         PaintCloud(p, Cloud(c.x(), c.y(), 30), QColor(255, 255, 255, 235), QColor(226, 234, 244, 235),
                    QColor(0, 0, 0, 0), 0);
 
-    if (s.mountains)
-        PaintMountains(p, s.horizon, QColor(150, 168, 196), QColor(112, 138, 150));
-    if (s.skyline)
-        PaintSkyline(p, s.horizon, 96, 150);
+    if (s.mountains) PaintMountains(p, s.horizon, QColor(150, 168, 196), QColor(112, 138, 150));
+    if (s.skyline) PaintSkyline(p, s.horizon, 96, 150);
 
     // Ground, and the sea where there is some.
     QLinearGradient grass(0, s.horizon, 0, PictureHeight);
@@ -520,8 +479,7 @@ QImage Picture(const Scene& s)
         QPainterPath water;
         water.moveTo(0, s.horizon);
         water.lineTo(s.seaUntil, s.horizon);
-        water.cubicTo(s.seaUntil - 10, s.horizon + 6, s.seaUntil - 30, s.horizon + 8,
-                      s.seaUntil - 60, s.horizon + 9);
+        water.cubicTo(s.seaUntil - 10, s.horizon + 6, s.seaUntil - 30, s.horizon + 8, s.seaUntil - 60, s.horizon + 9);
         water.lineTo(0, s.horizon + 11);
         water.closeSubpath();
         QLinearGradient blue(0, s.horizon, 0, s.horizon + 11);
@@ -539,14 +497,10 @@ QImage Picture(const Scene& s)
     p.setPen(QPen(QColor(255, 255, 255, 90), 1));
     p.drawLine(QPointF(0, s.horizon + 0.5), QPointF(PictureWidth, s.horizon + 0.5));
 
-    if (s.runway)
-        PaintRunway(p, s.horizon, PictureHeight, {78, 3, 46, 0.9, 0.06, 1.55, 1.4});
-    if (s.tower)
-        PaintTower(p, 136, s.horizon + 8, 40);
-    if (s.windSock)
-        PaintWindSock(p, QPointF(22, 90), 30, 24, 9, 1, 2);
-    if (s.plane)
-        PaintPlane(p, s.planeAt, s.planeClimb, 34);
+    if (s.runway) PaintRunway(p, s.horizon, PictureHeight, {78, 3, 46, 0.9, 0.06, 1.55, 1.4});
+    if (s.tower) PaintTower(p, 136, s.horizon + 8, 40);
+    if (s.windSock) PaintWindSock(p, QPointF(22, 90), 30, 24, 9, 1, 2);
+    if (s.plane) PaintPlane(p, s.planeAt, s.planeClimb, 34);
 
     if (!s.code.isEmpty()) {
         PaintLettering(p, QPointF(6, 22), s.code, Font(19), QColor(255, 255, 255), 1.2);
@@ -555,8 +509,7 @@ QImage Picture(const Scene& s)
     return image;
 }
 
-std::vector<Scene> AirportScenes()
-{
+std::vector<Scene> AirportScenes() {
     std::vector<Scene> scenes;
     Scene s;
 
@@ -641,8 +594,7 @@ std::vector<Scene> AirportScenes()
 }
 
 // The picture of any airport without one of its own: the weather rather than a place.
-QImage CommonPicture()
-{
+QImage CommonPicture() {
     QImage image(PictureWidth, PictureHeight, QImage::Format_RGB32);
     QPainter p(&image);
     p.setRenderHint(QPainter::Antialiasing);
@@ -654,12 +606,9 @@ QImage CommonPicture()
     p.fillRect(QRectF(0, 0, PictureWidth, horizon + 1), sky);
 
     PaintSun(p, QPointF(50, 30), 13, 17, 24, 2.6, 12, Pi / 12);
-    PaintCloud(p, Cloud(44, 22, 66), QColor(255, 255, 255), QColor(214, 224, 238), QColor(150, 166, 186),
-               1.0);
-    PaintCloud(p, Cloud(104, 8, 36), QColor(255, 255, 255, 230), QColor(226, 234, 244, 230),
-               QColor(0, 0, 0, 0), 0);
-    PaintCloud(p, Cloud(6, 48, 30), QColor(255, 255, 255, 210), QColor(226, 234, 244, 210),
-               QColor(0, 0, 0, 0), 0);
+    PaintCloud(p, Cloud(44, 22, 66), QColor(255, 255, 255), QColor(214, 224, 238), QColor(150, 166, 186), 1.0);
+    PaintCloud(p, Cloud(104, 8, 36), QColor(255, 255, 255, 230), QColor(226, 234, 244, 230), QColor(0, 0, 0, 0), 0);
+    PaintCloud(p, Cloud(6, 48, 30), QColor(255, 255, 255, 210), QColor(226, 234, 244, 210), QColor(0, 0, 0, 0), 0);
 
     // Two rolling hills.
     QPainterPath far;
@@ -691,8 +640,7 @@ QImage CommonPicture()
 // ---------------------------------------------------------------------------------------------
 // The start-up picture and the icon
 
-void PaintCompassRose(QPainter& p, QPointF c, double r)
-{
+void PaintCompassRose(QPainter& p, QPointF c, double r) {
     p.save();
     p.translate(c);
     // Rings.
@@ -707,8 +655,7 @@ void PaintCompassRose(QPainter& p, QPointF c, double r)
         const double a = deg * Pi / 180;
         const double in = deg % 30 == 0 ? r * 0.88 : r * 0.93;
         p.setPen(QPen(QColor(255, 255, 255, 190), deg % 30 == 0 ? 1.6 : 1));
-        p.drawLine(QPointF(in * std::sin(a), -in * std::cos(a)),
-                   QPointF(r * std::sin(a), -r * std::cos(a)));
+        p.drawLine(QPointF(in * std::sin(a), -in * std::cos(a)), QPointF(r * std::sin(a), -r * std::cos(a)));
     }
     // Points: the four winds long, the four between short. Each point is a kite, one half lit.
     auto point = [&](double deg, double length, double width, const QColor& lit, const QColor& dark) {
@@ -724,11 +671,9 @@ void PaintCompassRose(QPainter& p, QPointF c, double r)
         p.drawPolygon(right);
         p.restore();
     };
+    for (int i = 0; i < 4; ++i) point(45 + 90 * i, r * 0.56, r * 0.11, QColor(214, 230, 248), QColor(120, 158, 206));
     for (int i = 0; i < 4; ++i)
-        point(45 + 90 * i, r * 0.56, r * 0.11, QColor(214, 230, 248), QColor(120, 158, 206));
-    for (int i = 0; i < 4; ++i)
-        point(90 * i, r * 0.84, r * 0.15, QColor(255, 255, 255),
-              i == 0 ? QColor(226, 70, 40) : QColor(150, 184, 226));
+        point(90 * i, r * 0.84, r * 0.15, QColor(255, 255, 255), i == 0 ? QColor(226, 70, 40) : QColor(150, 184, 226));
     p.setPen(QPen(QColor(20, 40, 80), 1));
     p.setBrush(QColor(255, 210, 60));
     p.drawEllipse(QPointF(0, 0), r * 0.06, r * 0.06);
@@ -752,8 +697,7 @@ void PaintCompassRose(QPainter& p, QPointF c, double r)
     p.restore();
 }
 
-QImage Splash()
-{
+QImage Splash() {
     const int w = 324, h = 537;
     QImage image(w, h, QImage::Format_RGB888);
     QPainter p(&image);
@@ -768,12 +712,9 @@ QImage Splash()
     p.fillRect(QRectF(0, 0, w, horizon + 1), sky);
 
     // Soft clouds low in the sky.
-    PaintCloud(p, Cloud(-20, 318, 120), QColor(255, 255, 255, 200), QColor(228, 238, 250, 200),
-               QColor(0, 0, 0, 0), 0);
-    PaintCloud(p, Cloud(214, 296, 96), QColor(255, 255, 255, 180), QColor(228, 238, 250, 180),
-               QColor(0, 0, 0, 0), 0);
-    PaintCloud(p, Cloud(120, 360, 70), QColor(255, 255, 255, 150), QColor(228, 238, 250, 150),
-               QColor(0, 0, 0, 0), 0);
+    PaintCloud(p, Cloud(-20, 318, 120), QColor(255, 255, 255, 200), QColor(228, 238, 250, 200), QColor(0, 0, 0, 0), 0);
+    PaintCloud(p, Cloud(214, 296, 96), QColor(255, 255, 255, 180), QColor(228, 238, 250, 180), QColor(0, 0, 0, 0), 0);
+    PaintCloud(p, Cloud(120, 360, 70), QColor(255, 255, 255, 150), QColor(228, 238, 250, 150), QColor(0, 0, 0, 0), 0);
 
     // Title.
     {
@@ -820,8 +761,7 @@ QImage Splash()
     return image;
 }
 
-QImage Icon(int size)
-{
+QImage Icon(int size) {
     QImage image(size, size, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
     QPainter p(&image);
@@ -844,9 +784,7 @@ QImage Icon(int size)
     const double mouth = 19, tail = 6, length = 34;
     for (int i = 0; i < 4; ++i) {
         const double t0 = i / 4.0, t1 = (i + 1) / 4.0;
-        auto at = [&](double t, double side) {
-            return QPointF(length * t, side * (mouth + (tail - mouth) * t) / 2);
-        };
+        auto at = [&](double t, double side) { return QPointF(length * t, side * (mouth + (tail - mouth) * t) / 2); };
         QPolygonF band;
         band << at(t0, -1) << at(t1, -1) << at(t1, 1) << at(t0, 1);
         p.setPen(Qt::NoPen);
@@ -858,25 +796,21 @@ QImage Icon(int size)
 
 // ---------------------------------------------------------------------------------------------
 
-bool Save(const QImage& image, const QString& path, const char* format)
-{
-    if (image.save(path, format))
-        return true;
+bool Save(const QImage& image, const QString& path, const char* format) {
+    if (image.save(path, format)) return true;
     std::fprintf(stderr, "makeart: cannot write %s\n", qPrintable(path));
     return false;
 }
 
 }  // namespace
 
-int main(int argc, char** argv)
-{
+int main(int argc, char** argv) {
     if (argc != 3) {
         std::fprintf(stderr, "usage: makeart <images folder> <artwork folder>\n");
         return 2;
     }
     // Text needs a font database, which needs a GUI application; it never shows a window.
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     // Headless, it has no use for a runtime folder: keep the build quiet about the lack of one.
     qInstallMessageHandler([](QtMsgType type, const QMessageLogContext&, const QString& message) {
         if (!message.contains(QLatin1String("XDG_RUNTIME_DIR")))
@@ -894,9 +828,9 @@ int main(int argc, char** argv)
 
     bool ok = true;
     const std::pair<const char*, std::function<QImage()>> symbols[] = {
-        {"SUN", SymbolSun},     {"RAIN", SymbolRain},           {"SUNCLOUD", SymbolSunCloud},
-        {"CLOUD", SymbolCloud}, {"STORM", SymbolStorm},         {"RAINSTORM", SymbolRainStorm},
-        {"FOG", SymbolFog},     {"RAINBIG", SymbolRainBig},     {"SNOW", SymbolSnow},
+        {"SUN", SymbolSun},     {"RAIN", SymbolRain},       {"SUNCLOUD", SymbolSunCloud},
+        {"CLOUD", SymbolCloud}, {"STORM", SymbolStorm},     {"RAINSTORM", SymbolRainStorm},
+        {"FOG", SymbolFog},     {"RAINBIG", SymbolRainBig}, {"SNOW", SymbolSnow},
     };
     for (const auto& [key, draw] : symbols)
         ok &= Save(draw(), artwork.filePath(QStringLiteral("symbols/%1.png").arg(key)), "PNG");
@@ -904,10 +838,8 @@ int main(int argc, char** argv)
     ok &= Save(Splash(), artwork.filePath("app/splash.png"), "PNG");
     ok &= Save(Icon(64), artwork.filePath("app/skelda.png"), "PNG");
 
-    ok &= Save(CommonPicture().convertToFormat(QImage::Format_RGB888), images.filePath("METEO2.BMP"),
-               "BMP");
+    ok &= Save(CommonPicture().convertToFormat(QImage::Format_RGB888), images.filePath("METEO2.BMP"), "BMP");
     for (const Scene& scene : AirportScenes())
-        ok &= Save(Picture(scene).convertToFormat(QImage::Format_RGB888),
-                   images.filePath(scene.code + ".BMP"), "BMP");
+        ok &= Save(Picture(scene).convertToFormat(QImage::Format_RGB888), images.filePath(scene.code + ".BMP"), "BMP");
     return ok ? 0 : 1;
 }

@@ -94,9 +94,7 @@ TEST(Compass, DirectionBeyondTheTableGivesNothing) {
     EXPECT_EQ(LongName(QStringLiteral("1E300")), u"<empty>");
 }
 
-TEST(Compass, SmallNegativeDirectionRoundsToNorth) {
-    EXPECT_EQ(LongName(QStringLiteral("-11")), u"North");
-}
+TEST(Compass, SmallNegativeDirectionRoundsToNorth) { EXPECT_EQ(LongName(QStringLiteral("-11")), u"North"); }
 
 TEST(Compass, ShortCodesForNorthAndSouthSouthWest) {
     EXPECT_EQ(ShortCode(QStringLiteral("0")), u"N");

@@ -21,9 +21,7 @@ Bulletin WithVisibility(const QString& visibility) {
 
 // --- Station and time -----------------------------------------------------------------------------
 
-TEST(DecoderHead, StationIsTheWholeFirstGroup) {
-    EXPECT_EQ(Decode(QStringLiteral("lfth9x 021000Z")).Ida, u"lfth9x");
-}
+TEST(DecoderHead, StationIsTheWholeFirstGroup) { EXPECT_EQ(Decode(QStringLiteral("lfth9x 021000Z")).Ida, u"lfth9x"); }
 
 TEST(DecoderHead, TimeGroupGivesHourAndMinuteWithoutTimeZoneChange) {
     const Bulletin b = Decode(QStringLiteral("LFTH 021000Z"));

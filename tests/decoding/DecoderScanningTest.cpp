@@ -39,13 +39,9 @@ TEST(DecoderSample, NullAndEmptyTextsBothGiveTheSample) {
     EXPECT_EQ(Decode(QString()), Decode(kSampleText));
 }
 
-TEST(DecoderSample, SampleTextDecodesLikeTheEmptyText) {
-    EXPECT_EQ(Decode(kSampleText), SampleRecord());
-}
+TEST(DecoderSample, SampleTextDecodesLikeTheEmptyText) { EXPECT_EQ(Decode(kSampleText), SampleRecord()); }
 
-TEST(DecoderSample, FirstGroupIsTheStation) {
-    EXPECT_EQ(Decode(kSampleText).Ida, u"LFTH");
-}
+TEST(DecoderSample, FirstGroupIsTheStation) { EXPECT_EQ(Decode(kSampleText).Ida, u"LFTH"); }
 
 TEST(DecoderSample, TimeGroupGivesDayOfMessageWithMonthAndYearOfTheClock) {
     const Bulletin b = Decode(kSampleText, QDate(2004, 11, 30));
@@ -70,9 +66,7 @@ TEST(DecoderSample, SkyGroupsAppendTheirPhrasesInOrder) {
     EXPECT_TRUE(Decode(kSampleText).Temps.isEmpty());
 }
 
-TEST(DecoderSample, TemperatureIsHandedOnFromTheSkySection) {
-    EXPECT_EQ(Decode(kSampleText).Temperature, 22);
-}
+TEST(DecoderSample, TemperatureIsHandedOnFromTheSkySection) { EXPECT_EQ(Decode(kSampleText).Temperature, 22); }
 
 TEST(DecoderSample, PressureIsReadAndTheRunStopsBeforeTheTrend) {
     const Bulletin b = Decode(kSampleText);

@@ -7,9 +7,7 @@ using namespace skelda;
 
 namespace {
 
-Bulletin WithTail(const QString& tail) {
-    return Decode(QStringLiteral("LFTH 021000Z 22013KT 9999 FEW016 ") + tail);
-}
+Bulletin WithTail(const QString& tail) { return Decode(QStringLiteral("LFTH 021000Z 22013KT 9999 FEW016 ") + tail); }
 
 }  // namespace
 
@@ -19,9 +17,7 @@ TEST(DecoderTemperature, AirTemperatureIsReadAndDewPointIgnored) {
     EXPECT_EQ(WithTail(QStringLiteral("12/10 Q1016")).Temperature, 12);
 }
 
-TEST(DecoderTemperature, MinusZeroGivesZero) {
-    EXPECT_EQ(WithTail(QStringLiteral("M00/M02 Q1016")).Temperature, 0);
-}
+TEST(DecoderTemperature, MinusZeroGivesZero) { EXPECT_EQ(WithTail(QStringLiteral("M00/M02 Q1016")).Temperature, 0); }
 
 TEST(DecoderTemperature, LetterMNegatesTheTemperature) {
     EXPECT_EQ(WithTail(QStringLiteral("M05/M07 Q1016")).Temperature, -5);
@@ -46,9 +42,7 @@ TEST(DecoderPressure, GluedEqualsSpoilsTheHectopascals) {
     EXPECT_EQ(b.Temperature, 12);
 }
 
-TEST(DecoderPressure, InchesUseTheProgramsFactor) {
-    EXPECT_EQ(WithTail(QStringLiteral("12/10 A2992")).Pression, 995);
-}
+TEST(DecoderPressure, InchesUseTheProgramsFactor) { EXPECT_EQ(WithTail(QStringLiteral("12/10 A2992")).Pression, 995); }
 
 TEST(DecoderPressure, InchesReadFourFixedCharactersSoAGluedEqualsIsHarmless) {
     EXPECT_EQ(WithTail(QStringLiteral("12/10 A2992=")).Pression, 995);

@@ -21,9 +21,7 @@ Bulletin WithSky(const QString& sky) {
 
 // --- Present weather ------------------------------------------------------------------------------
 
-TEST(DecoderWeather, PhraseComesBeforeTheIntensityWord) {
-    EXPECT_EQ(TempsOf(QStringLiteral("-RA")), u" Rain Light");
-}
+TEST(DecoderWeather, PhraseComesBeforeTheIntensityWord) { EXPECT_EQ(TempsOf(QStringLiteral("-RA")), u" Rain Light"); }
 
 TEST(DecoderWeather, SeveralWeatherGroupsAppendInTheOrderOfTheMessage) {
     EXPECT_EQ(TempsOf(QStringLiteral("-RA BR")), u" Rain Light Mist Moderate");
@@ -63,9 +61,7 @@ TEST(DecoderWeather, FreezingAloneIsNeigeFondueWithoutIntensity) {
     EXPECT_EQ(TempsOf(QStringLiteral("FZ")), u" Neige fondue");
 }
 
-TEST(DecoderWeather, FreezingFogIsCaughtByFog) {
-    EXPECT_EQ(TempsOf(QStringLiteral("FZFG")), u" Fog Moderate");
-}
+TEST(DecoderWeather, FreezingFogIsCaughtByFog) { EXPECT_EQ(TempsOf(QStringLiteral("FZFG")), u" Fog Moderate"); }
 
 TEST(DecoderWeather, FreezingWithASignIsNoWeatherCode) {
     // "-FZ" isn't exactly "FZ", and nothing else fits: it goes on to the sky and the temperature.

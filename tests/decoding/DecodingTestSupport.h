@@ -12,9 +12,7 @@
 #include <ostream>
 
 // Texts print as text, not as bytes, when an expectation fails.
-inline void PrintTo(const QString& text, std::ostream* os) {
-    *os << '"' << text.toStdString() << '"';
-}
+inline void PrintTo(const QString& text, std::ostream* os) { *os << '"' << text.toStdString() << '"'; }
 
 namespace skelda {
 

@@ -1,6 +1,6 @@
 // The day chart, drawn on a recording: slots, bars, arrows, curves, pictures and the bulletin.
-#include "MainWindowFixture.h"
 #include "HandEntry.h"
+#include "MainWindowFixture.h"
 
 #include "SurfacePainting.h"
 
@@ -13,9 +13,7 @@ constexpr Color PressionTrait = RGB(128, 128, 0);
 constexpr Color TemperatureTrait = RGB(192, 0, 192);
 constexpr Color ArrowColour = 150;
 
-double Centre(int slot) {
-    return 2340 + 180 * slot + 97.5;
-}
+double Centre(int slot) { return 2340 + 180 * slot + 97.5; }
 
 class DayChart : public MainWindow {
 protected:

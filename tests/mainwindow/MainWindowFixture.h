@@ -6,8 +6,8 @@
 #include "Forms.h"
 #include "GuiApplication.h"
 #include "RecordingSurface.h"
-#include "TestDatabase.h"
 #include "Seams.h"
+#include "TestDatabase.h"
 
 #include <QColor>
 #include <QDir>
@@ -20,9 +20,7 @@
 #include <ostream>
 
 // Texts print as text when an expectation fails.
-inline void PrintTo(const QString& text, std::ostream* os) {
-    *os << '"' << text.toStdString() << '"';
-}
+inline void PrintTo(const QString& text, std::ostream* os) { *os << '"' << text.toStdString() << '"'; }
 
 namespace skelda::test {
 

@@ -15,9 +15,7 @@ const QString Variable = QStringLiteral("LFPB 021030Z VRB03KT 9999 12/08 Q1015")
 const QString BadDirection = QStringLiteral("LFPB 021130Z BCFG 9999 12/08 Q1015");
 
 // X of a pointer at Q columns right of the axis.
-double AtColumns(double q) {
-    return 2341 + 180 * q;
-}
+double AtColumns(double q) { return 2341 + 180 * q; }
 
 class Readout : public MainWindow {
 protected:

@@ -2,17 +2,15 @@
 #include <gtest/gtest.h>
 
 #include "Dao.h"
-#include "Failures.h"
 #include "DaoSql.h"
+#include "Failures.h"
 
 using namespace skelda;
 using namespace skelda::test;
 using namespace skelda::dao;
 using namespace Qt::StringLiterals;
 
-namespace {
-
-}  // namespace
+namespace {}  // namespace
 
 TEST(DaoSql, BracketsBecomeQuotedNames) {
     EXPECT_EQ(Translate(u"select [Heure de pointe selon zefir].* from [Heure de pointe selon zefir]"_s),

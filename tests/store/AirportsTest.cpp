@@ -46,7 +46,8 @@ QList<SeedAirport> ManyAirports(int count) {
     QList<SeedAirport> airports;
     for (int i = 0; i < count; ++i) {
         const QString n = QStringLiteral("%1").arg(i, 3, 10, QLatin1Char('0'));
-        airports.append(Airport(QStringLiteral("K") + n, QStringLiteral("Ville ") + n, QStringLiteral("Aéroport ") + n));
+        airports.append(
+            Airport(QStringLiteral("K") + n, QStringLiteral("Ville ") + n, QStringLiteral("Aéroport ") + n));
     }
     return airports;
 }
@@ -113,8 +114,9 @@ TEST_F(AirportList, LinesAreTheMarkTheCityADashAndTheAirportInOrderOfCity) {
                      Airport("LFPG", "Paris", "Charles de Gaulle", true, false, QStringLiteral("75")),
                      Airport("LFLL", "Lyon", "Saint-Exupéry", true, false, QStringLiteral("69"))});
     Fill(db);
-    EXPECT_EQ(Lines(), (QStringList{QStringLiteral(" * Lyon - Saint-Exupéry"), QStringLiteral(" * Paris - Charles de Gaulle"),
-                                    QStringLiteral(" * Toulouse - Francazal")}));
+    EXPECT_EQ(Lines(),
+              (QStringList{QStringLiteral(" * Lyon - Saint-Exupéry"), QStringLiteral(" * Paris - Charles de Gaulle"),
+                           QStringLiteral(" * Toulouse - Francazal")}));
 }
 
 TEST_F(AirportList, NullAndEmptyForecastCodesGiveThreeBlanks) {
@@ -149,7 +151,8 @@ TEST_F(AirportList, InactiveAirportsAreLeftOut) {
 }
 
 TEST_F(AirportList, ThePreferredAirportIsSelectedThroughTheTagAndClickIsRaised) {
-    TestDatabase db({Airport("LFTH", "Toulouse", "Francazal"), Airport("LFPG", "Paris", "Charles de Gaulle", true, true),
+    TestDatabase db({Airport("LFTH", "Toulouse", "Francazal"),
+                     Airport("LFPG", "Paris", "Charles de Gaulle", true, true),
                      Airport("LFLL", "Lyon", "Saint-Exupéry")});
     Fill(db);
     EXPECT_EQ(list->Tag, QStringLiteral("1"));
@@ -166,7 +169,8 @@ TEST_F(AirportList, WithNoPreferredAirportTheFirstLineIsSelected) {
 }
 
 TEST_F(AirportList, APreferredAirportThatIsNotActiveLeavesTheTagAtZero) {
-    TestDatabase db({Airport("LFTH", "Toulouse", "Francazal"), Airport("LFPG", "Paris", "Charles de Gaulle", false, true),
+    TestDatabase db({Airport("LFTH", "Toulouse", "Francazal"),
+                     Airport("LFPG", "Paris", "Charles de Gaulle", false, true),
                      Airport("LFLL", "Lyon", "Saint-Exupéry")});
     Fill(db);
     EXPECT_EQ(list->Tag, QStringLiteral("0"));
@@ -175,8 +179,9 @@ TEST_F(AirportList, APreferredAirportThatIsNotActiveLeavesTheTagAtZero) {
 }
 
 TEST_F(AirportList, OfSeveralPreferredAirportsTheLastByCityWins) {
-    TestDatabase db({Airport("LFTH", "Toulouse", "Francazal", true, true), Airport("LFPG", "Paris", "Charles de Gaulle"),
-                     Airport("LFLL", "Lyon", "Saint-Exupéry", true, true), Airport("LFBO", "Bordeaux", "Mérignac", true, true)});
+    TestDatabase db(
+        {Airport("LFTH", "Toulouse", "Francazal", true, true), Airport("LFPG", "Paris", "Charles de Gaulle"),
+         Airport("LFLL", "Lyon", "Saint-Exupéry", true, true), Airport("LFBO", "Bordeaux", "Mérignac", true, true)});
     Fill(db);
     EXPECT_EQ(list->Tag, QStringLiteral("3"));
     EXPECT_EQ(list->Text(), QStringLiteral("   Toulouse - Francazal"));
@@ -201,7 +206,8 @@ TEST_F(AirportList, WithNoAirportAtAllTheListIsEmpty) {
 }
 
 TEST_F(AirportList, EveryCallStartsTheListAfresh) {
-    TestDatabase db({Airport("LFTH", "Toulouse", "Francazal"), Airport("LFPG", "Paris", "Charles de Gaulle", true, true)});
+    TestDatabase db(
+        {Airport("LFTH", "Toulouse", "Francazal"), Airport("LFPG", "Paris", "Charles de Gaulle", true, true)});
     Fill(db);
     ASSERT_TRUE(db.Exec(QStringLiteral("UPDATE \"Aéroports\" SET préféré = 0, activé = 0 WHERE IDA = 'LFPG'")));
     Fill(db);

@@ -26,6 +26,4 @@ void EnsureGuiApplication() {
 // purpose; under LeakSanitizer they would fail every test program that measures text. This
 // function is read by the sanitizer only, in a sanitizer build.
 // NOLINTNEXTLINE(bugprone-reserved-identifier): the name is the sanitizer's
-extern "C" const char* __lsan_default_suppressions() {
-    return "leak:libfontconfig.so\n";
-}
+extern "C" const char* __lsan_default_suppressions() { return "leak:libfontconfig.so\n"; }

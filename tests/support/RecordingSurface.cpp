@@ -49,9 +49,7 @@ const char* NameOf(DrawOp op) {
     return "?";
 }
 
-std::ostream& operator<<(std::ostream& out, DrawOp op) {
-    return out << NameOf(op);
-}
+std::ostream& operator<<(std::ostream& out, DrawOp op) { return out << NameOf(op); }
 
 void PrintTo(const DrawCall& call, std::ostream* out) {
     *out << call.op << " (" << call.x1 << ", " << call.y1 << ")";

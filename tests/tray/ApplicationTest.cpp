@@ -76,7 +76,8 @@ TEST_F(RunTime, TheScreenBoxReadsAsTheRunTimesBox) {
     // The words of the box that ScreenMessageBoxes shows.
     RuntimeError e(Overflow);
     EXPECT_EQ(RuntimeErrorText(e.Number(), e.Description()), QStringLiteral("Run-time error '6':\n\nOverflow"));
-    EXPECT_EQ(RuntimeErrorText(3022, QStringLiteral("duplicate")), QStringLiteral("Run-time error '3022':\n\nduplicate"));
+    EXPECT_EQ(RuntimeErrorText(3022, QStringLiteral("duplicate")),
+              QStringLiteral("Run-time error '3022':\n\nduplicate"));
 }
 
 }  // namespace

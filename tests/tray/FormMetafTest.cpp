@@ -55,7 +55,8 @@ protected:
         QStringList places;
         const int n = db.Count(QStringLiteral("Zefir"));
         for (int i = 0; i < n; ++i)
-            places.append(db.Value(QStringLiteral("SELECT lieu FROM Zefir ORDER BY rowid LIMIT 1 OFFSET %1").arg(i)).toString());
+            places.append(
+                db.Value(QStringLiteral("SELECT lieu FROM Zefir ORDER BY rowid LIMIT 1 OFFSET %1").arg(i)).toString());
         return places;
     }
 
@@ -100,7 +101,8 @@ TEST_F(FormMetafTest, TheUntouchedPromptStoresNothing) {
 
 TEST_F(FormMetafTest, TwoLinesEachClosedByALineEndStoreTwoRowsInOrder) {
     Lire(Blagnac + QStringLiteral("\r\n") + Paris + QStringLiteral("\r\n"));
-    EXPECT_EQ(Places(), (QStringList{QStringLiteral("Toulouse - Blagnac"), QStringLiteral("Paris - Charles de Gaulle")}));
+    EXPECT_EQ(Places(),
+              (QStringList{QStringLiteral("Toulouse - Blagnac"), QStringLiteral("Paris - Charles de Gaulle")}));
 }
 
 TEST_F(FormMetafTest, TwoLinesWithNoLineEndBehindTheSecondStoreOnlyTheFirst) {
@@ -117,7 +119,8 @@ TEST_F(FormMetafTest, AnEmptyLineBetweenTwoMessagesStoresTheSampleWithAnEmptyMet
     Lire(Blagnac + QStringLiteral("\r\n\r\n") + Paris + QStringLiteral("\r\n"));
     EXPECT_EQ(Places(), (QStringList{QStringLiteral("Toulouse - Blagnac"), QStringLiteral("Toulouse - Francazal"),
                                      QStringLiteral("Paris - Charles de Gaulle")}));
-    EXPECT_EQ(db.Value(QStringLiteral("SELECT METAF FROM Zefir WHERE lieu = 'Toulouse - Francazal'")).toString(), QString());
+    EXPECT_EQ(db.Value(QStringLiteral("SELECT METAF FROM Zefir WHERE lieu = 'Toulouse - Francazal'")).toString(),
+              QString());
     EXPECT_EQ(db.Value(QStringLiteral("SELECT heurerelevé FROM Zefir WHERE lieu = 'Toulouse - Francazal'")).toString(),
               QStringLiteral("10:00:00"));
 }
