@@ -21,6 +21,7 @@
 #include "Form1.h"
 #include "Forms.h"
 #include "FrmIcone.h"
+#include "GuiBenchmarks.h"
 #include "Seams.h"
 #include "SyntheticStore.h"
 
@@ -124,12 +125,5 @@ BENCHMARK(BM_IngestionNewRow)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_IngestionDuplicate)->Unit(benchmark::kMillisecond);
 
 int main(int argc, char** argv) {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    Station::Close();
-    return 0;
+    return skelda::bench::RunGuiBenchmarks(argc, argv, [] { Station::Close(); });
 }

@@ -8,6 +8,7 @@
 // itself, with and without the window's repaint. Each iteration draws another airport's day.
 #include "Form1.h"
 #include "Forms.h"
+#include "GuiBenchmarks.h"
 #include "RecordingSurface.h"
 #include "Seams.h"
 #include "SyntheticStore.h"
@@ -134,13 +135,5 @@ BENCHMARK(BM_TracerCourbeOnTheForm)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_TracerCourbeOnTheFormShown)->Unit(benchmark::kMillisecond);
 
 int main(int argc, char** argv) {
-    // The window needs a display; without one it is drawn off the screen.
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    Station::Close();
-    return 0;
+    return skelda::bench::RunGuiBenchmarks(argc, argv, [] { Station::Close(); });
 }
