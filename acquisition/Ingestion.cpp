@@ -15,13 +15,13 @@
 #include "Form1.h"
 #include "Forms.h"
 #include "Log.h"
+#include "Observation.h"
 #include "Regional.h"
 #include "ResumeNext.h"
 #include "Text.h"
+#include "TrayForm.h"
 
 namespace skelda {
-
-class FrmIcone;  // the tray's form: only its window's caption is written here
 
 namespace {
 
@@ -117,32 +117,19 @@ void IngererReponse(Form1& f, const QString& Recu) {
     // 6.9
     step([&] { f.Frame1->setTitle(f.List1->Text()); });
 
-    // 7. Write the row. The airport's number comes from the station code inside the message, not
-    //    from the entry that was polled; an unknown code gives 0.
+    // 7. Write the row: AddNew, fifteen columns and Update, each a statement of this mode. The
+    //    airport's number comes from the station code inside the message, not from the entry that
+    //    was polled; an unknown code gives 0.
     const QString base = f.DatabasePath();
     step([&] { f.BaseReleves = OpenDatabase(base); });
     step([&] { f.JeuReleves = f.BaseReleves.OpenRecordset(QStringLiteral("Zefir"), dbOpenDynaset); });
     Recordset& r = f.JeuReleves;
-    step([&] { r.AddNew(); });
-    step([&] { r.SetField(QStringLiteral("NumAéroport"), Variant(int32_t(TrouverAeroport(b.Ida, base)))); });
-    step([&] { r.SetField(QStringLiteral("daterelevé"), b.DateReleve); });
-    step([&] { r.SetField(QStringLiteral("heurerelevé"), b.HeureReleve); });
-    step([&] { r.SetField(QStringLiteral("forcenoeuds"), b.ForceNoeuds); });
-    step([&] { r.SetField(QStringLiteral("orientationdegré"), b.OrientationDegre); });
-    step([&] { r.SetField(QStringLiteral("forcerafale"), b.ForceRafale); });
-    step([&] { r.SetField(QStringLiteral("zefirvariable"), b.ZefirVariable); });
-    step([&] { r.SetField(QStringLiteral("secteur1"), b.Secteur1); });
-    step([&] { r.SetField(QStringLiteral("secteur2"), b.Secteur2); });
-    step([&] { r.SetField(QStringLiteral("visibilité"), b.Visibilite); });
-    step([&] { r.SetField(QStringLiteral("temps"), b.Temps); });
-    step([&] { r.SetField(QStringLiteral("nuage"), b.Nuage); });
-    step([&] { r.SetField(QStringLiteral("température"), b.Temperature); });
-    step([&] { r.SetField(QStringLiteral("pression"), b.Pression); });
-    // Trailing text of the packet behind the report stays in the column as received.
-    step([&] { r.SetField(QStringLiteral("METAF"), Mid(f.ReponseBrute, Debut + 17).toString()); });
+    // Trailing text of the packet behind the report stays in the METAF column as received.
+    AjouterReleve(
+        r, step, QStringLiteral("NumAéroport"), [&] { return Variant(int32_t(TrouverAeroport(b.Ida, base))); }, b,
+        Mid(f.ReponseBrute, Debut + 17).toString());
 
-    // 8.
-    step([&] { r.Update(); });
+    // 8. Close both.
     step([&] { r.Close(); });
     f.JeuReleves = Recordset();
     step([&] { f.BaseReleves.Close(); });
@@ -163,7 +150,7 @@ void IngererReponse(Form1& f, const QString& Recu) {
     step([&] {
         const QString titre =
             f.List1->Text() + QString::fromUtf16(CrLf) + f.Label6->Caption() + u' ' + f.TXTforce->Caption();
-        f.forms().Widget<FrmIcone>().setWindowTitle(Trim(titre).toString());
+        f.forms().Get<TrayForm>().SetCaption(Trim(titre).toString());
     });
 
     // 11. The exchange ends here, from this side, after the first packet with a complete head.

@@ -10,12 +10,19 @@
 #include "FormMetaf.h"
 #include "Forms.h"
 #include "FrmIcone.h"
+#include "RunTime.h"
+#include "ScreenMessageBoxes.h"
 #include "Servers.h"
+
+#include <cstdlib>
 
 int main(int argc, char* argv[]) {
     using namespace skelda;
     ScreenMessageBoxes boxes;
-    Application app(argc, argv, boxes);
+    // After the run-time error box the program ends at once, as the run time ends it: no form
+    // unloads.
+    RunTimeGuard guard(boxes, [](int) { std::_Exit(1); });
+    Application app(argc, argv, guard);
     QApplication::setApplicationName(QStringLiteral("Skelda"));
     // Closing the main window only hides it, and the start form hides itself: the program lives
     // on with no window at all.
@@ -27,6 +34,7 @@ int main(int argc, char* argv[]) {
     Services services{clock,
                       random,
                       boxes,
+                      guard,
                       ObservationServer(),
                       ForecastPortal(),
                       NewsServer(),
@@ -34,12 +42,13 @@ int main(int argc, char* argv[]) {
     Forms forms(services);
     forms.Provide<Form1>(&LoadForm1WithPollCycle);
     forms.Provide<FrmIcone>(&FrmIcone::Load);
+    forms.ProvideAs<TrayForm, FrmIcone>();
     forms.Provide<FormMetaf>([](Forms& f) { return new FormMetaf(f.services()); });
 
     // The start form: its load loads Form1 (log, database, first chart) and adds the icon. A
     // failure there (a missing database, say) is a run-time error, shown by the box of the
     // event that first touches the forms, so the load runs from the event loop.
     QMetaObject::invokeMethod(
-        &app, [&forms] { forms.Widget<FrmIcone>().show(); }, Qt::QueuedConnection);
+        &app, [&] { guard.Handle([&] { forms.Widget<FrmIcone>().show(); }); }, Qt::QueuedConnection);
     return QApplication::exec();
 }

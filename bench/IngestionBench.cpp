@@ -22,6 +22,7 @@
 #include "Forms.h"
 #include "FrmIcone.h"
 #include "GuiBenchmarks.h"
+#include "RunTime.h"
 #include "Seams.h"
 #include "SyntheticStore.h"
 
@@ -79,6 +80,7 @@ private:
         forms_.Provide<Form1>(&LoadForm1WithPollCycle);
         // Only the tray form's caption is written: it is built, not loaded (no icon).
         forms_.Provide<FrmIcone>([](Forms& forms) { return new FrmIcone(forms); });
+        forms_.ProvideAs<TrayForm, FrmIcone>();
         form();
     }
 
@@ -89,7 +91,8 @@ private:
     FixedClock clock_{QDateTime(QDate(2004, 11, 30), QTime(12, 0))};
     test::ScriptedRandom random_;
     test::RecordingBoxes boxes_;
-    Services services_{clock_, random_, boxes_, {}, {}, {}, store_.path()};
+    RunTimeGuard guard_{boxes_, [](int) {}};
+    Services services_{clock_, random_, boxes_, guard_, {}, {}, {}, store_.path()};
     Forms forms_{services_};
 };
 

@@ -10,6 +10,7 @@
 #include "Forms.h"
 #include "GuiBenchmarks.h"
 #include "RecordingSurface.h"
+#include "RunTime.h"
 #include "Seams.h"
 #include "SyntheticStore.h"
 
@@ -78,7 +79,8 @@ private:
     SystemClock clock_;
     SystemRandom random_;
     test::RecordingBoxes boxes_;
-    Services services_{clock_, random_, boxes_, {}, {}, {}, store_.path()};
+    RunTimeGuard guard_{boxes_, [](int) {}};
+    Services services_{clock_, random_, boxes_, guard_, {}, {}, {}, store_.path()};
     Forms forms_{services_};
 };
 

@@ -19,6 +19,8 @@
 
 #include "Dao.h"
 #include "DaoSql.h"
+#include "Observation.h"
+#include "Regional.h"
 #include "SyntheticStore.h"
 
 using namespace skelda;
@@ -103,25 +105,23 @@ int ReadAll(Recordset& rs) {
     return rows;
 }
 
-// One observation as ingestion writes it; each call a moment after the stored ten years.
+// One observation as ingestion writes it, through the store's writer; each call a moment after
+// the stored ten years. A failed statement would show as an error of the benchmark.
 void StoreObservation(Recordset& zefir, int serial) {
-    zefir.AddNew();
-    zefir.SetField(u"NumAéroport"_s, int32_t(1 + serial % kAirports));
-    zefir.SetField(u"daterelevé"_s, Variant::FromDate(kFirstDay.addDays(kDays + serial / 1440)));
-    zefir.SetField(u"heurerelevé"_s, QTime(0, 0).addSecs(serial % 1440 * 60).toString(u"HH:mm"_s));
-    zefir.SetField(u"forcenoeuds"_s, int16_t(12));
-    zefir.SetField(u"orientationdegré"_s, u"240"_s);
-    zefir.SetField(u"forcerafale"_s, int16_t(0));
-    zefir.SetField(u"zefirvariable"_s, false);
-    zefir.SetField(u"secteur1"_s, int16_t(0));
-    zefir.SetField(u"secteur2"_s, int16_t(0));
-    zefir.SetField(u"visibilité"_s, u"10 km or more"_s);
-    zefir.SetField(u"temps"_s, u""_s);
-    zefir.SetField(u"nuage"_s, u"Few clouds at 1600 feet"_s);
-    zefir.SetField(u"température"_s, int16_t(12));
-    zefir.SetField(u"pression"_s, int16_t(1015));
-    zefir.SetField(u"METAF"_s, u"LFPB 021000Z 24012KT 9999 FEW016 22/06 Q1016="_s);
-    zefir.Update();
+    Bulletin releve;
+    releve.DateReleve = DateText(kFirstDay.addDays(kDays + serial / 1440));
+    releve.HeureReleve = QTime(0, 0).addSecs(serial % 1440 * 60).toString(u"HH:mm"_s);
+    releve.ForceNoeuds = 12;
+    releve.OrientationDegre = u"240"_s;
+    releve.Visibilite = u"10 km or more"_s;
+    releve.Nuage = u"Few clouds at 1600 feet"_s;
+    releve.Temperature = 12;
+    releve.Pression = 1015;
+    ResumeNext step;
+    AjouterReleve(
+        zefir, step, u"NumAéroport"_s, [&] { return Variant(int32_t(1 + serial % kAirports)); }, releve,
+        u"LFPB 021000Z 24012KT 9999 FEW016 22/06 Q1016="_s);
+    if (step.Number() != 0) throw std::runtime_error(step.Description().toStdString());
 }
 
 int NextSerial() {

@@ -339,6 +339,11 @@ void Pression(Run& run, QStringView g) {
     run.etape = Etape::Vide;
 }
 
+// The section of each keyword but the empty one, in the order of Etape.
+constexpr void (*Sections[])(Run&, QStringView) = {Aeroport,     Heure, Zefir,       Visibilite, Rvr,
+                                                   TempsPresent, Nuage, Temperature, Pression};
+static_assert(std::size(Sections) == size_t(Etape::Vide));
+
 }  // namespace
 
 Bulletin DecoderMetaf(const QString& Texte, const Clock& clock) {
@@ -348,38 +353,8 @@ Bulletin DecoderMetaf(const QString& Texte, const Clock& clock) {
     for (;;) {
         // The empty keyword ends the run at once: the current group isn't looked at.
         if (run.etape == Etape::Vide) break;
-        const QStringView current = run.Group();
-        switch (run.etape) {
-            case Etape::Aeroport:
-                Aeroport(run, current);
-                break;
-            case Etape::Heure:
-                Heure(run, current);
-                break;
-            case Etape::Zefir:
-                Zefir(run, current);
-                break;
-            case Etape::Visibilite:
-                Visibilite(run, current);
-                break;
-            case Etape::Rvr:
-                Rvr(run, current);
-                break;
-            case Etape::TempsPresent:
-                TempsPresent(run, current);
-                break;
-            case Etape::Nuage:
-                Nuage(run, current);
-                break;
-            case Etape::Temperature:
-                Temperature(run, current);
-                break;
-            case Etape::Pression:
-                Pression(run, current);
-                break;
-            case Etape::Vide:
-                break;
-        }
+        // One section a pass, chosen by the keyword, in the keywords' order.
+        Sections[size_t(run.etape)](run, run.Group());
 
         // End of the pass. The last character of an empty group is at position 0, where the test
         // can't be made, and that failed test counts as met: an empty group ends the run.

@@ -11,16 +11,13 @@
 namespace skelda {
 
 namespace {
-
-constexpr int InvalidPicture = 481;
-
 // Reads a picture file as LoadPicture does: a missing file is "File not found" (53), one that
 // isn't a picture "Invalid picture" (481).
 QPixmap LoadPicture(const QString& path) {
     if (!QFileInfo(path).isFile()) throw RuntimeError(FileNotFound);
     QImageReader reader(path);
     const QImage image = reader.read();
-    if (image.isNull()) throw RuntimeError(InvalidPicture, QStringLiteral("Invalid picture"));
+    if (image.isNull()) throw RuntimeError(InvalidPicture);
     return QPixmap::fromImage(image);
 }
 

@@ -7,12 +7,12 @@
 #include "Forms.h"
 #include "Log.h"
 #include "Regional.h"
+#include "RunTime.h"
 #include "SurfacePainting.h"
+#include "TrayForm.h"
 
 #include <QCloseEvent>
-#include <QCursor>
 #include <QGuiApplication>
-#include <QMenu>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScreen>
@@ -20,8 +20,6 @@
 #include <memory>
 
 namespace skelda {
-
-class FrmIcone;  // the tray's form: only its window is needed here, for its menu
 
 namespace {
 constexpr int vbFormControlMenu = 0;  // the user closed the window
@@ -52,16 +50,19 @@ Form1* Form1::Load(Forms& forms) {
 
 QString Form1::DatabasePath() const { return forms_.services().applicationPath + QStringLiteral("/database.mdb"); }
 
+RunTimeGuard& Form1::guard() const { return forms_.services().guard; }
+
 void Form1::WireEvents() {
-    connect(ChoixDate, &ComboBox::Click, this, &Form1::ChoixDate_Click);
-    connect(List1, &ListBox::Click, this, &Form1::List1_Click);
-    connect(List1, &ListBox::MouseMove, this, &Form1::List1_MouseMove);
+    On(guard(), ChoixDate, &ComboBox::Click, this, [this] { ChoixDate_Click(); });
+    On(guard(), List1, &ListBox::Click, this, [this] { List1_Click(); });
+    On(guard(), List1, &ListBox::MouseMove, this,
+       [this](int button, int shift, double x, double y) { List1_MouseMove(button, shift, x, y); });
     for (int i = 0; i < int(FKNT.size()); ++i) {
         // A slot label's mouse move is its own event, as on any control, and isn't the form's too.
         FKNT[i]->setMouseTracking(true);
         FKNT[i]->setAttribute(Qt::WA_NoMousePropagation);
-        connect(FKNT[i], &Label::MouseMove, this,
-                [this, i](int button, int shift, double x, double y) { FKNT_MouseMove(i, button, shift, x, y); });
+        On(guard(), FKNT[i], &Label::MouseMove, this,
+           [this, i](int button, int shift, double x, double y) { FKNT_MouseMove(i, button, shift, x, y); });
     }
     // The readout follows the pointer without a button pressed.
     setMouseTracking(true);
@@ -133,7 +134,7 @@ void Form1::Form_QueryUnload(int& Cancel, int /*UnloadMode*/) {
 
 void Form1::closeEvent(QCloseEvent* event) {
     int Cancel = 0;
-    Form_QueryUnload(Cancel, event->spontaneous() ? vbFormControlMenu : vbFormCode);
+    guard().Handle([&] { Form_QueryUnload(Cancel, event->spontaneous() ? vbFormControlMenu : vbFormCode); });
     if (Cancel != 0)
         event->ignore();
     else
@@ -144,8 +145,7 @@ void Form1::Form_MouseDown(int Button, int /*Shift*/, double /*X*/, double /*Y*/
     if (Button != vbRightButton) return;
     // The tray's menu serves the main window too, with the same effects. Like the tray, this
     // waits until the menu closes.
-    QMenu* menu = forms_.Widget<FrmIcone>().findChild<QMenu*>(QStringLiteral("Menu"));
-    if (menu != nullptr) menu->exec(QCursor::pos());
+    forms_.Get<TrayForm>().PopupMenu();
 }
 
 void Form1::ChoixDate_Click() { TracerCourbe(); }
@@ -161,13 +161,13 @@ void Form1::List1_MouseMove(int /*Button*/, int Shift, double X, double Y) {
 void Form1::mousePressEvent(QMouseEvent* event) {
     SurfaceWidget::mousePressEvent(event);
     const QPointF at = PixelToScale(event->position());
-    Form_MouseDown(ButtonOf(event->button()), ShiftOf(event->modifiers()), at.x(), at.y());
+    guard().Handle([&] { Form_MouseDown(ButtonOf(event->button()), ShiftOf(event->modifiers()), at.x(), at.y()); });
 }
 
 void Form1::mouseMoveEvent(QMouseEvent* event) {
     SurfaceWidget::mouseMoveEvent(event);
     const QPointF at = PixelToScale(event->position());
-    Form_MouseMove(ButtonOf(event->buttons()), ShiftOf(event->modifiers()), at.x(), at.y());
+    guard().Handle([&] { Form_MouseMove(ButtonOf(event->buttons()), ShiftOf(event->modifiers()), at.x(), at.y()); });
 }
 
 void Form1::paintEvent(QPaintEvent* event) {

@@ -8,6 +8,7 @@
 #include "Bulletin.h"
 #include "Controls.h"
 #include "Dao.h"
+#include "Images.h"
 #include "Inet.h"
 #include "Module1.h"
 #include "SurfaceWidget.h"
@@ -15,7 +16,6 @@
 
 #include <QGroupBox>
 #include <QLineEdit>
-#include <QPixmap>
 
 #include <array>
 #include <cstdint>
@@ -24,31 +24,7 @@
 namespace skelda {
 
 class Forms;
-
-// An image control: shows a picture, or nothing.
-class Image : public QLabel {
-    Q_OBJECT
-public:
-    explicit Image(QWidget* parent = nullptr);
-    void SetPicture(const QPixmap& picture);  // an empty pixmap clears it
-    const QPixmap& Picture() const { return picture_; }
-    QString PictureKey;  // the key of the picture shown, "" for none (for tests and the readout)
-
-private:
-    QPixmap picture_;
-};
-
-// A keyed list of small pictures.
-class ImageList {
-public:
-    void Add(const QString& key, const QPixmap& picture);
-    const QPixmap& ListImages(const QString& key) const;  // "Invalid key" (35603) for an unknown key
-    QStringList Keys() const { return order_; }
-
-private:
-    std::map<QString, QPixmap> images_;
-    QStringList order_;
-};
+class RunTimeGuard;
 
 class Form1 : public SurfaceWidget {
     Q_OBJECT
@@ -162,6 +138,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    RunTimeGuard& guard() const;
     void BuildControls();
     void WireEvents();
     Forms& forms_;

@@ -7,6 +7,7 @@
 #include "Bulletin.h"
 #include "Dao.h"
 #include "Log.h"
+#include "Observation.h"
 #include "ResumeNext.h"
 
 namespace skelda {
@@ -44,27 +45,12 @@ QString EnregistrerMetaf(const QString& Texte, const QString& databasePath, cons
         // 6. No airport of that code: nothing is written and nothing is logged.
         resultat = QStringLiteral("Erreur : Pas d'aéroport correspondant");
     } else {
-        // 7. The row, column by column in the order that both writers of Zefir use. The place
-        // stands in lieu, and no airport number is written: a typed observation isn't tied to an
+        // 7. The row, AddNew to Update, each statement a step. The place stands in lieu, and no
+        // airport number is written: a typed observation isn't tied to an
         // airport, so that the chart and the monthly figures, which select by number, leave it out.
         step([&] { jeu = base.OpenRecordset(QStringLiteral("Zefir"), dbOpenDynaset); });
-        step([&] { jeu.AddNew(); });
-        step([&] { jeu.SetField(QStringLiteral("lieu"), lieu); });
-        step([&] { jeu.SetField(QStringLiteral("daterelevé"), releve.DateReleve); });
-        step([&] { jeu.SetField(QStringLiteral("heurerelevé"), releve.HeureReleve); });
-        step([&] { jeu.SetField(QStringLiteral("forcenoeuds"), releve.ForceNoeuds); });
-        step([&] { jeu.SetField(QStringLiteral("orientationdegré"), releve.OrientationDegre); });
-        step([&] { jeu.SetField(QStringLiteral("forcerafale"), releve.ForceRafale); });
-        step([&] { jeu.SetField(QStringLiteral("zefirvariable"), releve.ZefirVariable); });
-        step([&] { jeu.SetField(QStringLiteral("secteur1"), releve.Secteur1); });
-        step([&] { jeu.SetField(QStringLiteral("secteur2"), releve.Secteur2); });
-        step([&] { jeu.SetField(QStringLiteral("visibilité"), releve.Visibilite); });
-        step([&] { jeu.SetField(QStringLiteral("temps"), releve.Temps); });
-        step([&] { jeu.SetField(QStringLiteral("nuage"), releve.Nuage); });
-        step([&] { jeu.SetField(QStringLiteral("température"), releve.Temperature); });
-        step([&] { jeu.SetField(QStringLiteral("pression"), releve.Pression); });
-        step([&] { jeu.SetField(QStringLiteral("METAF"), Texte); });
-        step([&] { jeu.Update(); });
+        AjouterReleve(
+            jeu, step, QStringLiteral("lieu"), [&] { return Variant(lieu); }, releve, Texte);
 
         // 8. The last failure since step 2, whichever statement raised it.
         if (step.Number() != 0) {

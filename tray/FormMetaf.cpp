@@ -1,8 +1,9 @@
 #include "FormMetaf.h"
 
+#include "Colour.h"
 #include "Controls.h"
 #include "HandEntry.h"
-#include "Surface.h"
+#include "RunTime.h"
 #include "Text.h"
 #include "Window.h"
 
@@ -32,8 +33,8 @@ FormMetaf::FormMetaf(const Services& services, QWidget* parent)
     Place(Text1, 120, 420, 5880, 2220);
     Place(Command2, 4740, 2820, 1260, 375);
 
-    connect(Text1, &QPlainTextEdit::textChanged, this, &FormMetaf::Text1_Change);
-    connect(Command2, &QPushButton::clicked, this, &FormMetaf::Command2_Click);
+    On(services.guard, Text1, &QPlainTextEdit::textChanged, this, [this] { Text1_Change(); });
+    On(services.guard, Command2, &QPushButton::clicked, this, [this] { Command2_Click(); });
 
     // The form loads when it is first asked for, and its load shows it.
     Form_Load();

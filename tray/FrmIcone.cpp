@@ -15,8 +15,10 @@
 #include "Form1.h"
 #include "FormMetaf.h"
 #include "Forms.h"
+#include "Images.h"
 #include "Log.h"
 #include "ResumeNext.h"
+#include "RunTime.h"
 #include "Text.h"
 
 namespace skelda {
@@ -100,18 +102,20 @@ void FrmIcone::BuildMenu() {
     Quit = item("Quit", QStringLiteral("&Quit"), true);
 }
 
+RunTimeGuard& FrmIcone::guard() const { return forms_.services().guard; }
+
 void FrmIcone::WireEvents() {
-    connect(&Timer1, &Timer::Tick, this, &FrmIcone::Timer1_Timer);
+    On(guard(), &Timer1, &Timer::Tick, this, [this] { Timer1_Timer(); });
     // Unlike ZefirDemand, the menu's item leaves Form1's Tag as it is.
-    connect(MenuCourbe, &QAction::triggered, this, [this] { forms_.Get<Form1>().show(); });
+    On(guard(), MenuCourbe, &QAction::triggered, this, [this] { forms_.Get<Form1>().show(); });
     // The monthly window and the airport selection come with their own forms. Until then their
     // items do nothing: MenuAeroport in particular must not stop T without a form to start it
     // again.
-    connect(MenuStatistiqueMensuelle, &QAction::triggered, this, [] {});
-    connect(MenuAeroport, &QAction::triggered, this, [] {});
+    On(guard(), MenuStatistiqueMensuelle, &QAction::triggered, this, [] {});
+    On(guard(), MenuAeroport, &QAction::triggered, this, [] {});
     // Should the item ever be enabled, the hand-entry form loads, which shows it.
-    connect(MenuMetaf, &QAction::triggered, this, [this] { forms_.Get<FormMetaf>().show(); });
-    connect(Quit, &QAction::triggered, this, &FrmIcone::Quitter_Click);
+    On(guard(), MenuMetaf, &QAction::triggered, this, [this] { forms_.Get<FormMetaf>().show(); });
+    On(guard(), Quit, &QAction::triggered, this, [this] { Quitter_Click(); });
 }
 
 void FrmIcone::Form_Load() {
@@ -144,9 +148,11 @@ void FrmIcone::Form_MouseMove(int /*Button*/, int /*Shift*/, double X, double /*
     if (MessageSouris == MsgLeftDoubleClick)
         ZefirDemand();
     else if (MessageSouris == MsgRightUp)
-        Menu->exec(QCursor::pos());
+        PopupMenu();
     FormIconeActif = 0;
 }
+
+void FrmIcone::PopupMenu() { Menu->exec(QCursor::pos()); }
 
 void FrmIcone::NewTitle(QString& titre) {
     IconeNotif.szTip = ChampTip(titre);
@@ -213,9 +219,11 @@ void FrmIcone::Shell_NotifyIconA(int dwMessage) {
         case NIM_ADD:
             if (!QSystemTrayIcon::isSystemTrayAvailable()) return;
             if (Icone == nullptr) {
-                Icone = new QSystemTrayIcon(this);
+                Icone = new NotifyIcon(this);
                 Icone->setObjectName(QStringLiteral("IconeNotif"));
-                connect(Icone, &QSystemTrayIcon::activated, this, &FrmIcone::Icone_Activated);
+                // Every message of the icon comes to Form_MouseMove in X, in twips.
+                On(guard(), Icone, &NotifyIcon::Message, this,
+                   [this](int32_t message) { Form_MouseMove(0, 0, double(message) * TwipsPerPixel, 0); });
             }
             Icone->setIcon(IconeNotif.hIcon);
             Icone->setToolTip(TipText());
@@ -230,29 +238,6 @@ void FrmIcone::Shell_NotifyIconA(int dwMessage) {
         default:
             break;
     }
-}
-
-void FrmIcone::Icone_Activated(QSystemTrayIcon::ActivationReason reason) {
-    // Qt reports the icon's clicks as activations; each stands for the message the icon would
-    // send, and all go through Form_MouseMove. The context request is the right button's.
-    int32_t message = 0;
-    switch (reason) {
-        case QSystemTrayIcon::DoubleClick:
-            message = MsgLeftDoubleClick;
-            break;
-        case QSystemTrayIcon::Context:
-            message = MsgRightUp;
-            break;
-        case QSystemTrayIcon::Trigger:
-            message = MsgLeftUp;
-            break;
-        case QSystemTrayIcon::MiddleClick:
-            message = MsgMiddleUp;
-            break;
-        default:
-            return;
-    }
-    Form_MouseMove(0, 0, double(message) * TwipsPerPixel, 0);
 }
 
 }  // namespace skelda

@@ -8,12 +8,13 @@
 
 #include <QIcon>
 #include <QString>
-#include <QSystemTrayIcon>
 #include <QWidget>
 #include <cstdint>
 #include <functional>
 
 #include "Controls.h"
+#include "NotifyIcon.h"
+#include "TrayForm.h"
 
 class QAction;
 class QLabel;
@@ -23,17 +24,7 @@ namespace skelda {
 
 class Forms;
 class Image;
-
-// The mouse messages of the notification icon, as its window receives them.
-enum IconMessage : int32_t {
-    MsgMouseMove = 512,
-    MsgLeftDown = 513,
-    MsgLeftUp = 514,
-    MsgLeftDoubleClick = 515,
-    MsgRightDown = 516,
-    MsgRightUp = 517,
-    MsgMiddleUp = 520,
-};
+class RunTimeGuard;
 
 // What the notification area is told about the icon, field by field.
 struct NotifyIconData {
@@ -46,7 +37,7 @@ struct NotifyIconData {
     QString szTip;  // always 64 characters: the text from the left, blanks behind it
 };
 
-class FrmIcone : public QWidget {
+class FrmIcone : public QWidget, public TrayForm {
     Q_OBJECT
 public:
     // Builds the form with its controls; nothing else happens yet.
@@ -70,7 +61,7 @@ public:
     QAction* MenuPrerences = nullptr;
     QAction* Quit = nullptr;
     // The notification icon itself; none where the desktop has no notification area.
-    QSystemTrayIcon* Icone = nullptr;
+    NotifyIcon* Icone = nullptr;
 
     // ---- Form-level values.
     NotifyIconData IconeNotif;
@@ -97,19 +88,21 @@ public:
     // The first tick ends the start; every later one copies the caption to the tip.
     void Timer1_Timer();
 
-    QString Caption() const { return windowTitle(); }
-    void SetCaption(const QString& text) { setWindowTitle(text); }
+    QString Caption() const override { return windowTitle(); }
+    void SetCaption(const QString& text) override { setWindowTitle(text); }
+    // Pops up Menu at the pointer and waits until it closes.
+    void PopupMenu() override;
     // The tip the notification area shows: the record's text up to its end (a NUL, or the
     // blanks that fill the field and the line end before them).
     QString TipText() const;
 
 private:
+    RunTimeGuard& guard() const;
     void BuildControls();
     void BuildMenu();
     void WireEvents();
     // The notification area's one call: add (0), modify (1) or delete (2) the icon of the record.
     void Shell_NotifyIconA(int dwMessage);
-    void Icone_Activated(QSystemTrayIcon::ActivationReason reason);
 
     Forms& forms_;
 };

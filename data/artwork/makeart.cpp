@@ -291,8 +291,8 @@ struct Scene {
     double seaUntil = 150;
     bool skyline = false;  // a city on the horizon
     bool sun = false;
-    QPointF sunAt;
-    std::vector<QPointF> clouds;  // top left of small clouds
+    QPointF sunAt{};
+    std::vector<QPointF> clouds{};  // top left of small clouds
     bool plane = true;
     QPointF planeAt{112, 22};
     double planeClimb = -14;  // degrees, negative climbs to the right
@@ -510,87 +510,69 @@ QImage Picture(const Scene& s) {
 }
 
 std::vector<Scene> AirportScenes() {
-    std::vector<Scene> scenes;
-    Scene s;
-
-    // Paris-Charles de Gaulle: a clear morning, the city on the horizon.
-    s = Scene{};
-    s.code = "LFPG";
-    s.city = "Paris";
-    s.skyTop = QColor(36, 104, 196);
-    s.skyLow = QColor(176, 214, 246);
-    s.skyline = true;
-    s.clouds = {QPointF(64, 8), QPointF(100, 34)};
-    s.planeAt = QPointF(72, 40);
-    s.planeClimb = -16;
-    scenes.push_back(s);
-
-    // Paris-Orly: a bright afternoon.
-    s = Scene{};
-    s.code = "LFPO";
-    s.city = "Paris";
-    s.skyTop = QColor(62, 136, 214);
-    s.skyLow = QColor(206, 230, 248);
-    s.skyline = true;
-    s.sun = true;
-    s.sunAt = QPointF(122, 16);
-    s.clouds = {QPointF(58, 26)};
-    s.planeAt = QPointF(44, 48);
-    s.planeClimb = -10;
-    scenes.push_back(s);
-
-    // Paris-Le Bourget: a deep blue sky, business jets and air shows.
-    s = Scene{};
-    s.code = "LFPB";
-    s.city = "Paris";
-    s.skyTop = QColor(24, 64, 150);
-    s.skyLow = QColor(148, 190, 236);
-    s.skyline = true;
-    s.clouds = {QPointF(80, 6), QPointF(8, 40)};
-    s.planeAt = QPointF(98, 30);
-    s.planeClimb = -28;
-    s.windSock = true;
-    scenes.push_back(s);
-
-    // Lyon-Saint-Exupéry: evening light, the Alps far away.
-    s = Scene{};
-    s.code = "LFLL";
-    s.city = "Lyon";
-    s.skyTop = QColor(60, 80, 160);
-    s.skyLow = QColor(250, 186, 120);
-    s.mountains = true;
-    s.planeAt = QPointF(104, 20);
-    s.planeClimb = -12;
-    scenes.push_back(s);
-
-    // Marseille Provence: the étang de Berre and the white hills.
-    s = Scene{};
-    s.code = "LFML";
-    s.city = "Marseille";
-    s.skyTop = QColor(20, 110, 210);
-    s.skyLow = QColor(170, 220, 250);
-    s.sea = true;
-    s.seaUntil = 96;
-    s.sun = true;
-    s.sunAt = QPointF(88, 17);
-    s.planeAt = QPointF(104, 45);
-    s.planeClimb = -8;
-    scenes.push_back(s);
-
-    // Nice Côte d'Azur: the runway by the sea, the mountains behind.
-    s = Scene{};
-    s.code = "LFMN";
-    s.city = "Nice";
-    s.skyTop = QColor(14, 96, 200);
-    s.skyLow = QColor(160, 214, 248);
-    s.mountains = true;
-    s.sea = true;
-    s.seaUntil = 150;
-    s.clouds = {QPointF(96, 6)};
-    s.planeAt = QPointF(70, 30);
-    s.planeClimb = -18;
-    scenes.push_back(s);
-    return scenes;
+    // Fields in the order of Scene, as designated initializers want them.
+    return {
+        // Paris-Charles de Gaulle: a clear morning, the city on the horizon.
+        {.code = "LFPG",
+         .city = "Paris",
+         .skyTop = QColor(36, 104, 196),
+         .skyLow = QColor(176, 214, 246),
+         .skyline = true,
+         .clouds = {QPointF(64, 8), QPointF(100, 34)},
+         .planeAt = QPointF(72, 40),
+         .planeClimb = -16},
+        // Paris-Orly: a bright afternoon.
+        {.code = "LFPO",
+         .city = "Paris",
+         .skyTop = QColor(62, 136, 214),
+         .skyLow = QColor(206, 230, 248),
+         .skyline = true,
+         .sun = true,
+         .sunAt = QPointF(122, 16),
+         .clouds = {QPointF(58, 26)},
+         .planeAt = QPointF(44, 48),
+         .planeClimb = -10},
+        // Paris-Le Bourget: a deep blue sky, business jets and air shows.
+        {.code = "LFPB",
+         .city = "Paris",
+         .skyTop = QColor(24, 64, 150),
+         .skyLow = QColor(148, 190, 236),
+         .skyline = true,
+         .clouds = {QPointF(80, 6), QPointF(8, 40)},
+         .planeAt = QPointF(98, 30),
+         .planeClimb = -28,
+         .windSock = true},
+        // Lyon-Saint-Exupéry: evening light, the Alps far away.
+        {.code = "LFLL",
+         .city = "Lyon",
+         .skyTop = QColor(60, 80, 160),
+         .skyLow = QColor(250, 186, 120),
+         .mountains = true,
+         .planeAt = QPointF(104, 20),
+         .planeClimb = -12},
+        // Marseille Provence: the étang de Berre and the white hills.
+        {.code = "LFML",
+         .city = "Marseille",
+         .skyTop = QColor(20, 110, 210),
+         .skyLow = QColor(170, 220, 250),
+         .sea = true,
+         .seaUntil = 96,
+         .sun = true,
+         .sunAt = QPointF(88, 17),
+         .planeAt = QPointF(104, 45),
+         .planeClimb = -8},
+        // Nice Côte d'Azur: the runway by the sea, the mountains behind.
+        {.code = "LFMN",
+         .city = "Nice",
+         .skyTop = QColor(14, 96, 200),
+         .skyLow = QColor(160, 214, 248),
+         .mountains = true,
+         .sea = true,
+         .seaUntil = 150,
+         .clouds = {QPointF(96, 6)},
+         .planeAt = QPointF(70, 30),
+         .planeClimb = -18},
+    };
 }
 
 // The picture of any airport without one of its own: the weather rather than a place.

@@ -1,6 +1,6 @@
 // The start of a poll and the hand-made HTTP exchange, against an observation server of the
 // test's own on the loopback address.
-#include "TrayStandIn.h"
+#include "AcquisitionFixture.h"
 
 using namespace skelda;
 using namespace skelda::test;

@@ -1,9 +1,9 @@
 // The reception of a reply: from the bytes on the socket to the stored row, the labels, the
 // dial, the log, the chart and the tray's caption.
+#include "AcquisitionFixture.h"
 #include "Convert.h"
 #include "Regional.h"
 #include "Text.h"
-#include "TrayStandIn.h"
 
 using namespace skelda;
 using namespace skelda::test;
@@ -121,7 +121,7 @@ TEST_F(Ingestion, TheSameStationFileAgainIsADuplicateThatStillRefreshesTheLabels
     ASSERT_EQ(db.Count(QStringLiteral("Zefir")), 1);
 
     recording.Clear();
-    forms.Widget<FrmIcone>().setWindowTitle(QStringLiteral("before"));
+    forms.Get<TrayForm>().SetCaption(QStringLiteral("before"));
     ASSERT_TRUE(PollAndWait(f));
     EXPECT_EQ(db.Count(QStringLiteral("Zefir")), 1);
     EXPECT_EQ(LogCount(QStringLiteral("ERROR UPDATE : Possibility of duplicate LFPB")), 1);

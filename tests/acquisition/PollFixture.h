@@ -24,6 +24,7 @@
 #include "Forms.h"
 #include "GuiApplication.h"
 #include "RecordingSurface.h"
+#include "RunTime.h"
 #include "Seams.h"
 #include "TestDatabase.h"
 
@@ -207,7 +208,10 @@ protected:
     RecordingBoxes boxes;
     ObservationServer server;
     RecordingSurface recording;
-    Services services{clock, random, boxes, {}, {}, {}, db.Folder()};
+    // A failure that no handler catches ends here, in the box, instead of ending the test program.
+    std::vector<int> runTimeEnds;
+    RunTimeGuard guard{boxes, [this](int number) { runTimeEnds.push_back(number); }};
+    Services services{clock, random, boxes, guard, {}, {}, {}, db.Folder()};
     Forms forms{services};
 };
 

@@ -1,6 +1,7 @@
 // Form1's load and its life as a window: the start in ten steps, the list of dates, closing that
 // only hides, the tray's menu on a right click, and the lists' clicks.
 #include "MainWindowFixture.h"
+#include "TrayStandIn.h"
 
 #include "Regional.h"
 
@@ -15,24 +16,6 @@
 using namespace skelda;
 using namespace skelda::test;
 
-namespace skelda {
-
-// A stand-in for the tray's form: only its menu, by name, as the main window finds it.
-class FrmIcone : public QWidget {
-public:
-    FrmIcone() {
-        menu = new QMenu(this);
-        menu->setObjectName(QStringLiteral("Menu"));
-        courbe = menu->addAction(QStringLiteral("Daily Cruve"));
-        QObject::connect(courbe, &QAction::triggered, [this] { ++courbeClicks; });
-    }
-    QMenu* menu;
-    QAction* courbe;
-    int courbeClicks = 0;
-};
-
-}  // namespace skelda
-
 namespace {
 
 class Form1Load : public MainWindow {
@@ -41,9 +24,7 @@ protected:
         QMouseEvent event(type, QPointF(at), w->mapToGlobal(QPointF(at)), button, button, Qt::NoModifier);
         QCoreApplication::sendEvent(w, &event);
     }
-    void Provide() {
-        forms.Provide<FrmIcone>([](Forms&) { return new FrmIcone; });
-    }
+    void Provide() { TrayStandIn::ProvideTo(forms); }
 };
 
 QStringList Items(const ComboBox& box) {
@@ -233,15 +214,15 @@ TEST_F(Form1Load, ARightClickOnTheBackgroundPopsUpTheTraysMenu) {
     form.show();
     bool shown = false;
     QTimer::singleShot(0, [&] {
-        auto& icone = static_cast<FrmIcone&>(forms.Widget<FrmIcone>());
+        auto& icone = forms.Get<TrayStandIn>();
         shown = icone.menu->isVisible();
         icone.courbe->trigger();  // the same effect as from the tray
         icone.menu->close();
     });
     SendMouse(&form, QEvent::MouseButtonPress, Qt::RightButton, QPoint(400, 150));
     EXPECT_TRUE(shown);
-    EXPECT_EQ(forms.Get<FrmIcone>().courbeClicks, 1);
-    EXPECT_FALSE(forms.Get<FrmIcone>().menu->isVisible());
+    EXPECT_EQ(forms.Get<TrayStandIn>().courbeClicks, 1);
+    EXPECT_FALSE(forms.Get<TrayStandIn>().menu->isVisible());
     form.hide();
 }
 
@@ -250,7 +231,7 @@ TEST_F(Form1Load, ALeftClickPopsUpNothing) {
     Form1& form = Form();
     SendMouse(&form, QEvent::MouseButtonPress, Qt::LeftButton, QPoint(400, 150));
     form.Form_MouseDown(vbMiddleButton, 0, 6000, 2000);
-    EXPECT_FALSE(forms.Loaded<FrmIcone>());
+    EXPECT_FALSE(forms.Loaded<TrayStandIn>());
 }
 
 // ---- The lists

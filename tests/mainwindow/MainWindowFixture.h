@@ -6,6 +6,7 @@
 #include "Forms.h"
 #include "GuiApplication.h"
 #include "RecordingSurface.h"
+#include "RunTime.h"
 #include "Seams.h"
 #include "TestDatabase.h"
 
@@ -112,7 +113,10 @@ protected:
     FixedClock clock{QDateTime(QDate(2004, 11, 20), QTime(15, 7, 9))};
     ScriptedRandom random;
     RecordingBoxes boxes;
-    Services services{clock, random, boxes, {}, {}, {}, db.Folder()};
+    // A failure that no handler catches ends here, in the box, instead of ending the test program.
+    std::vector<int> runTimeEnds;
+    RunTimeGuard guard{boxes, [this](int number) { runTimeEnds.push_back(number); }};
+    Services services{clock, random, boxes, guard, {}, {}, {}, db.Folder()};
     Forms forms{services};
     RecordingSurface recording;
 };

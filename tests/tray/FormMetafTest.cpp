@@ -2,6 +2,7 @@
 #include "FormMetaf.h"
 
 #include "GuiApplication.h"
+#include "RunTime.h"
 #include "Seams.h"
 #include "TestDatabase.h"
 #include "Window.h"
@@ -73,7 +74,10 @@ protected:
     FixedClock clock{QDateTime(QDate(2004, 11, 15), QTime(14, 30, 5))};
     test::ScriptedRandom random;
     test::RecordingBoxes boxes;
-    Services services{clock, random, boxes, {}, {}, {}, db.Folder()};
+    // A failure that no handler catches ends here, in the box, instead of ending the test program.
+    std::vector<int> runTimeEnds;
+    RunTimeGuard guard{boxes, [this](int number) { runTimeEnds.push_back(number); }};
+    Services services{clock, random, boxes, guard, {}, {}, {}, db.Folder()};
     std::unique_ptr<FormMetaf> form;
     QPlainTextEdit* text1 = nullptr;
     QPushButton* command2 = nullptr;

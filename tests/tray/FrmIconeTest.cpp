@@ -1,5 +1,6 @@
 // The start form: its design, its load, the icon's messages, the menu, the timer that ends the
 // start and feeds the tip, and the quit.
+#include <QFile>
 #include <QLabel>
 #include <QTimer>
 
@@ -277,6 +278,23 @@ TEST_F(Tray, TheMainWindowsRightClickGivesTheTraysMenu) {
     });
     Form().Form_MouseDown(vbRightButton, 0, 100, 100);
     EXPECT_TRUE(shown);
+}
+
+TEST_F(Tray, AMenuItemWhoseHandlerFailsEndsInTheBoxNotInTheMenu) {
+    FrmIcone& tray = StartForm();
+    // Daily Cruve loads Form1 anew, and its load fails on a database that is gone.
+    forms.Unload<Form1>();
+    ASSERT_TRUE(QFile::remove(db.Path()));
+    bool returned = false;
+    EXPECT_NO_THROW({
+        tray.MenuCourbe->trigger();
+        returned = true;
+    });
+    EXPECT_TRUE(returned);
+    EXPECT_EQ(runTimeEnds, std::vector<int>{DaoFileNotFound});
+    ASSERT_EQ(boxes.shown.size(), 1u);
+    EXPECT_TRUE(boxes.shown[0].startsWith(QStringLiteral("Run-time error '3024': Could not find file")));
+    EXPECT_FALSE(forms.Loaded<Form1>());
 }
 
 // ---- Quit

@@ -15,6 +15,7 @@ class TrayFixture : public PollFixture {
 protected:
     void ProvideTray() override {
         forms.Provide<FrmIcone>(&FrmIcone::Load);
+        forms.ProvideAs<TrayForm, FrmIcone>();
         forms.Provide<FormMetaf>([](Forms& f) { return new FormMetaf(f.services()); });
     }
 

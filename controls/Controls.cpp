@@ -1,0 +1,173 @@
+#include "Controls.h"
+
+#include "Convert.h"
+#include "Failure.h"
+#include "RunTime.h"
+
+#include <QMouseEvent>
+
+namespace skelda {
+
+int ToPixels(double twips) { return int(RoundHalfEven(twips / TwipsPerPixel)); }
+
+double LeftOf(const QWidget* w) { return double(w->x()) * TwipsPerPixel; }
+double TopOf(const QWidget* w) { return double(w->y()) * TwipsPerPixel; }
+double WidthOf(const QWidget* w) { return double(w->width()) * TwipsPerPixel; }
+double HeightOf(const QWidget* w) { return double(w->height()) * TwipsPerPixel; }
+void SetLeft(QWidget* w, double twips) { w->move(ToPixels(twips), w->y()); }
+void SetTop(QWidget* w, double twips) { w->move(w->x(), ToPixels(twips)); }
+void SetWidth(QWidget* w, double twips) { w->resize(std::max(0, ToPixels(twips)), w->height()); }
+void SetHeight(QWidget* w, double twips) { w->resize(w->width(), std::max(0, ToPixels(twips))); }
+void Place(QWidget* w, double left, double top, double width, double height) {
+    w->setGeometry(ToPixels(left), ToPixels(top), std::max(0, ToPixels(width)), std::max(0, ToPixels(height)));
+}
+
+int ButtonOf(Qt::MouseButtons buttons) {
+    int b = 0;
+    if (buttons & Qt::LeftButton) b |= vbLeftButton;
+    if (buttons & Qt::RightButton) b |= vbRightButton;
+    if (buttons & Qt::MiddleButton) b |= vbMiddleButton;
+    return b;
+}
+
+int ShiftOf(Qt::KeyboardModifiers modifiers) {
+    int s = 0;
+    if (modifiers & Qt::ShiftModifier) s |= 1;
+    if (modifiers & Qt::ControlModifier) s |= 2;
+    if (modifiers & Qt::AltModifier) s |= 4;
+    return s;
+}
+
+// ---- ListBox
+
+ListBox::ListBox(QWidget* parent) : QListWidget(parent) {
+    setMouseTracking(true);
+    connect(this, &QListWidget::currentRowChanged, this, [this] {
+        if (!raising_) emit Click();
+    });
+}
+
+void ListBox::AddItem(const QString& text) { addItem(text); }
+
+void ListBox::Clear() {
+    raising_ = true;
+    clear();
+    raising_ = false;
+}
+
+int ListBox::ListIndex() const { return currentRow(); }
+
+void ListBox::SetListIndex(int index) {
+    if (index < -1 || index >= count()) throw RuntimeError(InvalidPropertyValue);
+    raising_ = true;
+    setCurrentRow(index);
+    if (index >= 0) item(index)->setSelected(true);
+    raising_ = false;
+    RaiseEvent([this] { emit Click(); });
+}
+
+int32_t ListBox::ItemData(int index) const {
+    if (index < 0 || index >= count()) throw RuntimeError(SubscriptOutOfRange);
+    return item(index)->data(Qt::UserRole).toInt();
+}
+
+void ListBox::SetItemData(int index, int32_t data) {
+    if (index < 0 || index >= count()) throw RuntimeError(SubscriptOutOfRange);
+    item(index)->setData(Qt::UserRole, data);
+}
+
+QString ListBox::List(int index) const {
+    if (index < 0 || index >= count()) return {};
+    return item(index)->text();
+}
+
+QString ListBox::Text() const { return List(currentRow()); }
+
+bool ListBox::Selected(int index) const {
+    if (index < 0 || index >= count()) throw RuntimeError(SubscriptOutOfRange);
+    return item(index)->isSelected();
+}
+
+void ListBox::SetSelected(int index, bool selected) {
+    if (index < 0 || index >= count()) throw RuntimeError(SubscriptOutOfRange);
+    raising_ = true;
+    item(index)->setSelected(selected);
+    raising_ = false;
+    RaiseEvent([this] { emit Click(); });
+}
+
+void ListBox::mousePressEvent(QMouseEvent* event) {
+    QListWidget::mousePressEvent(event);
+    emit MouseDown(ButtonOf(event->button()), ShiftOf(event->modifiers()), event->position().x() * TwipsPerPixel,
+                   event->position().y() * TwipsPerPixel);
+}
+
+void ListBox::mouseReleaseEvent(QMouseEvent* event) { QListWidget::mouseReleaseEvent(event); }
+
+void ListBox::mouseDoubleClickEvent(QMouseEvent* event) {
+    QListWidget::mouseDoubleClickEvent(event);
+    if (event->button() == Qt::LeftButton) emit DblClick();
+}
+
+void ListBox::mouseMoveEvent(QMouseEvent* event) {
+    QListWidget::mouseMoveEvent(event);
+    emit MouseMove(ButtonOf(event->buttons()), ShiftOf(event->modifiers()), event->position().x() * TwipsPerPixel,
+                   event->position().y() * TwipsPerPixel);
+}
+
+// ---- ComboBox
+
+ComboBox::ComboBox(QWidget* parent) : QComboBox(parent) {
+    connect(this, &QComboBox::activated, this, [this] { emit Click(); });
+}
+
+void ComboBox::AddItem(const QString& text) { addItem(text); }
+
+void ComboBox::Clear() {
+    QSignalBlocker block(this);
+    clear();
+}
+
+void ComboBox::SetListIndex(int index) {
+    if (index < -1 || index >= count()) throw RuntimeError(InvalidPropertyValue);
+    {
+        QSignalBlocker block(this);
+        setCurrentIndex(index);
+    }
+    RaiseEvent([this] { emit Click(); });
+}
+
+// ---- Timer
+
+Timer::Timer(int intervalMs, bool enabled, QObject* parent)
+    : QObject(parent), enabled_(enabled), interval_(intervalMs) {
+    connect(&timer_, &QTimer::timeout, this, [this] { emit Tick(); });
+    Restart();
+}
+
+void Timer::SetEnabled(bool enabled) {
+    enabled_ = enabled;
+    Restart();
+}
+
+void Timer::SetInterval(int ms) {
+    interval_ = ms;
+    Restart();
+}
+
+void Timer::Restart() {
+    timer_.stop();
+    if (enabled_ && interval_ > 0) timer_.start(interval_);
+}
+
+// ---- Label
+
+Label::Label(QWidget* parent) : QLabel(parent) {}
+
+void Label::mouseMoveEvent(QMouseEvent* event) {
+    QLabel::mouseMoveEvent(event);
+    emit MouseMove(ButtonOf(event->buttons()), ShiftOf(event->modifiers()), event->position().x() * TwipsPerPixel,
+                   event->position().y() * TwipsPerPixel);
+}
+
+}  // namespace skelda

@@ -1,0 +1,141 @@
+// The standard controls of Skelda's forms, with the members that its procedures use by name.
+//
+// Geometry is in twips, 15 to a screen pixel. A position set in twips is kept in whole pixels,
+// so reading it back gives a multiple of 15: 624.3 twips read back as 630. Procedures that set a
+// size and read it back (the day chart does) rely on that.
+#pragma once
+
+#include <QComboBox>
+#include <QLabel>
+#include <QListWidget>
+#include <QTimer>
+#include <QWidget>
+
+#include <cstdint>
+
+namespace skelda {
+
+inline constexpr int TwipsPerPixel = 15;
+
+// Twip geometry of any widget, relative to its parent.
+double LeftOf(const QWidget* w);
+double TopOf(const QWidget* w);
+double WidthOf(const QWidget* w);
+double HeightOf(const QWidget* w);
+void SetLeft(QWidget* w, double twips);
+void SetTop(QWidget* w, double twips);
+void SetWidth(QWidget* w, double twips);
+void SetHeight(QWidget* w, double twips);
+void Place(QWidget* w, double left, double top, double width, double height);
+int ToPixels(double twips);  // to the nearest pixel, halves to even
+
+// A list box: AddItem, Clear, ListIndex (-1 for none), ListCount, ItemData, Text, List(i),
+// Selected, Tag. Setting ListIndex raises Click, as the user's click does; a double click
+// raises DblClick after that Click. A failure of the Click that a setter raised comes out of the
+// setter, as the failure of that statement (see RaiseEvent).
+class ListBox : public QListWidget {
+    Q_OBJECT
+public:
+    explicit ListBox(QWidget* parent = nullptr);
+
+    void AddItem(const QString& text);
+    void Clear();
+    int ListIndex() const;
+    // Selects a line and raises Click. -1 selects nothing; a line that doesn't exist is a
+    // RuntimeError "Invalid property value" (380).
+    void SetListIndex(int index);
+    int ListCount() const { return count(); }
+    int32_t ItemData(int index) const;  // Subscript out of range (9) for a missing line
+    void SetItemData(int index, int32_t data);
+    QString List(int index) const;
+    QString Text() const;  // the selected line, or "" with none
+    bool Selected(int index) const;
+    void SetSelected(int index, bool selected);  // raises Click
+    QString Tag;
+
+signals:
+    void Click();
+    void DblClick();
+    void MouseMove(int button, int shift, double x, double y);
+    void MouseDown(int button, int shift, double x, double y);
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+
+private:
+    bool raising_ = false;
+};
+
+// A drop-down list: AddItem, Clear, ListIndex, ListCount, Text, Tag; setting ListIndex raises Click.
+class ComboBox : public QComboBox {
+    Q_OBJECT
+public:
+    explicit ComboBox(QWidget* parent = nullptr);
+    void AddItem(const QString& text);
+    void Clear();
+    int ListIndex() const { return currentIndex(); }
+    void SetListIndex(int index);  // Invalid property value (380) outside the list
+    int ListCount() const { return count(); }
+    QString Text() const { return currentText(); }
+    QString Tag;
+
+signals:
+    void Click();
+};
+
+// A timer with Enabled and Interval. Enabling it starts a full interval; changing the interval
+// of a running timer starts it over.
+class Timer : public QObject {
+    Q_OBJECT
+public:
+    explicit Timer(int intervalMs, bool enabled, QObject* parent = nullptr);
+    bool Enabled() const { return enabled_; }
+    void SetEnabled(bool enabled);
+    int Interval() const { return interval_; }
+    void SetInterval(int ms);
+    // Delivers one tick now, as if the interval had run out (for tests, which don't wait).
+    void Fire() { emit Tick(); }
+
+signals:
+    void Tick();
+
+private:
+    void Restart();
+    QTimer timer_;
+    bool enabled_;
+    int interval_;
+};
+
+// A line control: drawn above the form's own drawing, read by its coordinates.
+struct LineControl {
+    double X1 = 0, Y1 = 0, X2 = 0, Y2 = 0;
+    int32_t BorderColor = 0;  // an RGB value (see Surface.h)
+    bool Visible = true;
+    bool Dotted = false;
+    int BorderWidth = 1;
+};
+
+// A label that also keeps a Tag, as all controls do.
+class Label : public QLabel {
+    Q_OBJECT
+public:
+    explicit Label(QWidget* parent = nullptr);
+    QString Tag;
+    QString Caption() const { return text(); }
+    void SetCaption(const QString& text) { setText(text); }
+
+signals:
+    void MouseMove(int button, int shift, double x, double y);
+
+protected:
+    void mouseMoveEvent(QMouseEvent* event) override;
+};
+
+enum MouseButtons : int { vbLeftButton = 1, vbRightButton = 2, vbMiddleButton = 4 };
+int ButtonOf(Qt::MouseButtons buttons);
+int ShiftOf(Qt::KeyboardModifiers modifiers);
+
+}  // namespace skelda

@@ -1,0 +1,57 @@
+// A failure that no procedure handles, in a handler of the socket or of a timer, reaches the
+// run-time error box from inside that handler: it never travels through Qt's dispatch back into
+// the event loop.
+#include "AcquisitionFixture.h"
+
+#include <QFile>
+
+using namespace skelda;
+using namespace skelda::test;
+
+namespace {
+
+class FailuresWhereEventsEnter : public AcquisitionFixture {
+protected:
+    // Runs the event loop until the run-time error box has ended the program; if a failure
+    // escaped into the loop, the wait itself would throw.
+    bool WaitForTheEnd() {
+        bool escaped = false;
+        bool ended = false;
+        try {
+            ended = QTest::qWaitFor([&] { return !runTimeEnds.empty(); }, 5000);
+        } catch (...) {
+            escaped = true;
+        }
+        EXPECT_FALSE(escaped) << "a failure travelled through the event loop";
+        return ended;
+    }
+};
+
+TEST_F(FailuresWhereEventsEnter, ASocketEventThatFailsEndsInTheBox) {
+    Form1& f = Form();
+    while (f.List1->ListCount() < 102) f.List1->AddItem(QStringLiteral("more"));
+    f.List1->SetListIndex(101);
+    // The connection is made by the socket, whose Connect event looks up line 101 of the station
+    // codes, one beyond the table.
+    Connect(f);
+    ASSERT_TRUE(WaitForTheEnd());
+    EXPECT_EQ(runTimeEnds, std::vector<int>{SubscriptOutOfRange});
+    ASSERT_EQ(boxes.shown.size(), 1u);
+    EXPECT_EQ(boxes.shown[0], QStringLiteral("Run-time error '9': Subscript out of range"));
+}
+
+TEST_F(FailuresWhereEventsEnter, ATimersTickThatFailsEndsInTheBox) {
+    Form1& f = Form();
+    ASSERT_TRUE(QFile::remove(db.Path()));
+    // The next tick of T is the hourly refresh, on a database that is gone.
+    f.SecondesHeure = 3600;
+    f.T.SetInterval(1);
+    f.T.SetEnabled(true);
+    ASSERT_TRUE(WaitForTheEnd());
+    f.T.SetEnabled(false);
+    EXPECT_EQ(runTimeEnds.front(), int(DaoFileNotFound));
+    ASSERT_FALSE(boxes.shown.empty());
+    EXPECT_TRUE(boxes.shown[0].startsWith(QStringLiteral("Run-time error '3024': Could not find file")));
+}
+
+}  // namespace
