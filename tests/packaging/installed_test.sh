@@ -18,19 +18,9 @@ set -u
 build=$1
 cmake=$2
 
-work=$(mktemp -d)
+source "$(dirname "$0")/checks.sh"
 program_pid=
-trap '[ -n "$program_pid" ] && kill "$program_pid" 2>/dev/null; rm -rf "$work"' EXIT
-
-failures=0
-check() {
-    local what=$1
-    shift
-    if ! "$@"; then
-        echo "FAILED: $what" >&2
-        failures=$((failures + 1))
-    fi
-}
+trap '[ -n "$program_pid" ] && kill "$program_pid" 2>/dev/null; cleanup' EXIT
 count() { grep -cF -- "$2" "$1" 2>/dev/null; }
 
 prefix=$work/prefix
@@ -89,4 +79,4 @@ check "the station's database keeps the change" [ "$(preferred "$station/databas
 check "the template is unchanged" cmp -s "$template" "$build/packaging/template/database.mdb"
 check "the template keeps its preferred airport" [ "$(preferred "$template")" = LFPG ]
 
-[ "$failures" -eq 0 ]
+passed

@@ -14,18 +14,7 @@ set -u
 launcher=$1
 test_name=$2
 
-work=$(mktemp -d)
-trap 'chmod -R u+w "$work" 2>/dev/null; rm -rf "$work"' EXIT
-
-failures=0
-check() {
-    local what=$1
-    shift
-    if ! "$@"; then
-        echo "FAILED: $what" >&2
-        failures=$((failures + 1))
-    fi
-}
+source "$(dirname "$0")/checks.sh"
 same() { cmp -s -- "$1" "$2"; }
 holds() { grep -qF -- "$2" "$1"; }
 one_line() { [ "$(wc -l <"$1")" -eq 1 ]; }
@@ -185,8 +174,12 @@ RefusedCopyStopsWithOneLineAndLeavesNoHalfFile() {
 
 # The folder was set up, then the station's disk became read-only: the launcher finds out before
 # the program runs. Root writes through permissions, so for root the home is remounted read-only
-# in a mount namespace of the test's own.
+# in a mount namespace of the test's own; a root that may not mount skips the test.
 ReadOnlyHomeStopsWithOneLine() {
+    if [ "$(id -u)" -eq 0 ] && ! unshare -m true 2>/dev/null; then
+        echo "skipped: a read-only home for root needs a mount namespace" >&2
+        exit 77
+    fi
     start
     rm -f -- "$STARTS"
     if [ "$(id -u)" -eq 0 ]; then
@@ -285,4 +278,4 @@ if ! declare -F "$test_name" >/dev/null; then
     exit 2
 fi
 "$test_name"
-[ "$failures" -eq 0 ]
+passed

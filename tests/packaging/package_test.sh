@@ -13,18 +13,7 @@ build=$1
 cpack=$2
 images=$3
 
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
-
-failures=0
-check() {
-    local what=$1
-    shift
-    if ! "$@"; then
-        echo "FAILED: $what" >&2
-        failures=$((failures + 1))
-    fi
-}
+source "$(dirname "$0")/checks.sh"
 lists() { grep -qE " \./$1\$" "$work/contents"; }
 
 (cd "$work" && "$cpack" -G DEB --config "$build/CPackConfig.cmake" -B "$work" >"$work/cpack.log" 2>&1) || {
@@ -60,4 +49,4 @@ cat "$work/lintian"
 check "lintian finds no error" [ "$status" -eq 0 ]
 check "lintian lists no error" [ -z "$(grep '^E:' "$work/lintian")" ]
 
-[ "$failures" -eq 0 ]
+passed
