@@ -2,11 +2,18 @@
 # Skelda's one entry point for people and CI.
 #   ./skelda.sh start   install what is missing, build, and start Skelda on the bundled database
 #   ./skelda.sh test    install what is missing, build, and run the whole test suite
+#   ./skelda.sh install [--autostart]
+#                       build, and install Skelda for the current user under ~/.local (no root);
+#                       --autostart also starts it at login
+#   ./skelda.sh uninstall
+#                       remove what `install` put under ~/.local; the station folder stays
+#   ./skelda.sh package build the Debian package build/skelda_<version>_<arch>.deb
 set -euo pipefail
 cd "$(dirname "$0")"
 
 packages=(g++ cmake ninja-build pkg-config qt6-base-dev libsqlite3-dev libcurl4-openssl-dev
-          libgtest-dev libgmock-dev libbenchmark-dev)
+          libgtest-dev libgmock-dev libbenchmark-dev
+          desktop-file-utils appstream lintian dpkg-dev file sqlite3)
 
 install_missing() {
     local missing=()
@@ -25,6 +32,35 @@ build() {
     cmake --build "$1" -j "$(nproc)"
 }
 
+# Installed for the current user, Skelda's files go under ~/.local; the list of them stays beside
+# the program, for uninstall.
+prefix=$HOME/.local
+installed_list=$prefix/lib/skelda/installed-files.txt
+autostart_entry=${XDG_CONFIG_HOME:-$HOME/.config}/autostart/skelda.desktop
+
+install_for_me() {
+    cmake --install build --prefix "$prefix" >/dev/null
+    cp build/install_manifest.txt "$installed_list"
+    echo "Skelda is installed in $prefix: start it from the application menu, or with $prefix/bin/skelda"
+    if [ "${1:-}" = --autostart ]; then
+        # The session may not have ~/.local/bin on its PATH: the entry names the launcher in full.
+        mkdir -p "$(dirname "$autostart_entry")"
+        sed "s|^Exec=.*|Exec=\"$prefix/bin/skelda\"|" "$prefix/share/applications/skelda.desktop" >"$autostart_entry"
+        echo "Skelda starts at login: $autostart_entry"
+    fi
+}
+
+uninstall_for_me() {
+    if [ ! -f "$installed_list" ]; then
+        echo "Skelda isn't installed in $prefix" >&2
+        exit 1
+    fi
+    xargs -d '\n' rm -f -- <"$installed_list"
+    rm -f -- "$installed_list" "$autostart_entry"
+    rmdir -- "$prefix/lib/skelda/Images" "$prefix/lib/skelda" "$prefix/share/doc/skelda" 2>/dev/null || true
+    echo "Skelda is removed from $prefix; your station folder, ${XDG_DATA_HOME:-$HOME/.local/share}/skelda, stays"
+}
+
 case "${1:-}" in
 start)
     install_missing
@@ -40,8 +76,21 @@ test)
     build build-sanitize Debug -DSKELDA_SANITIZE=ON
     (cd build-sanitize && QT_QPA_PLATFORM=offscreen ctest --output-on-failure -j "$(nproc)" -L sanitize)
     ;;
+install)
+    install_missing
+    build build
+    install_for_me "${2:-}"
+    ;;
+uninstall)
+    uninstall_for_me
+    ;;
+package)
+    install_missing
+    build build
+    (cd build && cpack -G DEB >/dev/null && ls "$PWD"/skelda_*.deb)
+    ;;
 *)
-    echo "usage: $0 start|test" >&2
+    echo "usage: $0 start|test|install [--autostart]|uninstall|package" >&2
     exit 2
     ;;
 esac

@@ -14,7 +14,24 @@
 #include "ScreenMessageBoxes.h"
 #include "Servers.h"
 
+#include <QDir>
+#include <QStringList>
+
 #include <cstdlib>
+
+namespace {
+
+// The folder that stands for the program's own, where database.mdb is. Installed, the program's
+// own folder is shared and read-only, so the launcher gives each user a station folder and names
+// it with "--station-folder <folder>"; run from the build, the program's own folder serves. No
+// other option exists: anything else on the command line is left to Qt, as before.
+QString ApplicationPath(const QStringList& arguments) {
+    const qsizetype at = arguments.indexOf(QStringLiteral("--station-folder"));
+    if (at > 0 && at + 1 < arguments.size()) return QDir(arguments.at(at + 1)).absolutePath();
+    return QCoreApplication::applicationDirPath();
+}
+
+}  // namespace
 
 int main(int argc, char* argv[]) {
     using namespace skelda;
@@ -38,7 +55,7 @@ int main(int argc, char* argv[]) {
                       ObservationServer(),
                       ForecastPortal(),
                       NewsServer(),
-                      QCoreApplication::applicationDirPath()};
+                      ApplicationPath(QCoreApplication::arguments())};
     Forms forms(services);
     forms.Provide<Form1>(&LoadForm1WithPollCycle);
     forms.Provide<FrmIcone>(&FrmIcone::Load);

@@ -1,6 +1,6 @@
 // makeart: draws Skelda's pictures at build time, so that no binary artwork is kept in the tree.
 //
-//   makeart <images folder> <artwork folder>
+//   makeart <images folder> <artwork folder> [icon size...]
 //
 // Into the images folder (the Images\ folder that Skelda reads under its current directory):
 // METEO2.BMP, the common picture of an airport that has none of its own, and one bitmap for a few
@@ -8,6 +8,8 @@
 // Into the artwork folder, for the artwork library to compile in: the nine 16 by 16 weather
 // symbols of the day chart, symbols/<KEY>.png, the start-up picture of the tray form,
 // app/splash.png (324 by 537, 24 bits), and the icon of the application, app/skelda.png.
+// For each icon size given, the same icon drawn at that size for the desktop's icon theme,
+// icons/hicolor/<size>x<size>/apps/skelda.png, drawn rather than scaled so that small sizes stay sharp.
 //
 // Everything is drawn with QPainter from plain shapes; the output depends on nothing but the code
 // and the system's sans-serif font.
@@ -22,6 +24,7 @@
 
 #include <cmath>
 #include <cstdio>
+#include <cstdlib>
 #include <functional>
 #include <numbers>
 #include <vector>
@@ -787,8 +790,8 @@ bool Save(const QImage& image, const QString& path, const char* format) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (argc != 3) {
-        std::fprintf(stderr, "usage: makeart <images folder> <artwork folder>\n");
+    if (argc < 3) {
+        std::fprintf(stderr, "usage: makeart <images folder> <artwork folder> [icon size...]\n");
         return 2;
     }
     // Text needs a font database, which needs a GUI application; it never shows a window.
@@ -819,6 +822,11 @@ int main(int argc, char** argv) {
 
     ok &= Save(Splash(), artwork.filePath("app/splash.png"), "PNG");
     ok &= Save(Icon(64), artwork.filePath("app/skelda.png"), "PNG");
+    for (int i = 3; i < argc; ++i) {
+        const int size = std::atoi(argv[i]);
+        const QString folder = QStringLiteral("icons/hicolor/%1x%1/apps").arg(size);
+        ok &= size > 0 && artwork.mkpath(folder) && Save(Icon(size), artwork.filePath(folder + "/skelda.png"), "PNG");
+    }
 
     ok &= Save(CommonPicture().convertToFormat(QImage::Format_RGB888), images.filePath("METEO2.BMP"), "BMP");
     for (const Scene& scene : AirportScenes())
