@@ -59,7 +59,16 @@ void ListBox::SetMultiSelect(int style) {
                                                   : QAbstractItemView::SingleSelection);
 }
 
-void ListBox::AddItem(const QString& text) { addItem(text); }
+void ListBox::AddItem(const QString& text) {
+    addItem(text);
+    // A multiple-selection list always has a line with the focus, the first until the user moves
+    // it, so that ListIndex names a line as soon as there is one.
+    if (multiSelect_ != vbMultiSelectNone && currentRow() < 0) {
+        raising_ = true;
+        selectionModel()->setCurrentIndex(model()->index(0, 0), QItemSelectionModel::NoUpdate);
+        raising_ = false;
+    }
+}
 
 void ListBox::Clear() {
     raising_ = true;

@@ -39,8 +39,9 @@ enum MultiSelectStyle : int { vbMultiSelectNone = 0, vbMultiSelectSimple = 1 };
 // setter, as the failure of that statement (see RaiseEvent).
 //
 // With MultiSelect vbMultiSelectSimple, a click (or the space bar) toggles the line under it and
-// raises Click; ListIndex is the line that has the focus, whether or not it is selected, and
-// Selected tells each line's state. Setting Selected raises Click, changed or not.
+// raises Click; ListIndex is the line that has the focus (the first line until the user moves
+// it), whether or not it is selected, and Selected tells each line's state. Setting Selected
+// raises Click, changed or not.
 class ListBox : public QListWidget {
     Q_OBJECT
 public:
