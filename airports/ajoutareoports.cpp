@@ -35,15 +35,11 @@ W* Nomme(W* widget, const QString& name) {
 
 ajoutareoports::ajoutareoports(Forms& forms) : forms_(forms) { BuildControls(); }
 
-ajoutareoports::~ajoutareoports() = default;
-
 ajoutareoports* ajoutareoports::Load(Forms& forms) {
     auto form = std::make_unique<ajoutareoports>(forms);
     form->Form_Load();
     return form.release();
 }
-
-RunTimeGuard& ajoutareoports::guard() const { return forms_.services().guard; }
 
 void ajoutareoports::BuildControls() {
     setObjectName(QStringLiteral("ajoutareoports"));
@@ -101,8 +97,9 @@ void ajoutareoports::BuildControls() {
     annulerbtn = bouton(QStringLiteral("annulerbtn"), QStringLiteral("Cancel"), 5145);
 
     // Add and Delete have no handler: they do nothing.
-    On(guard(), confirmerbtn, &QPushButton::clicked, this, [this] { confirmerbtn_Click(); });
-    On(guard(), annulerbtn, &QPushButton::clicked, this, [this] { annulerbtn_Click(); });
+    RunTimeGuard& guard = forms_.services().guard;
+    On(guard, confirmerbtn, &QPushButton::clicked, this, [this] { confirmerbtn_Click(); });
+    On(guard, annulerbtn, &QPushButton::clicked, this, [this] { annulerbtn_Click(); });
 }
 
 void ajoutareoports::Form_Load() {
@@ -182,7 +179,7 @@ void ajoutareoports::annulerbtn_Click() {
 void ajoutareoports::Unload() { forms_.UnloadLater<ajoutareoports>(); }
 
 void ajoutareoports::closeEvent(QCloseEvent* event) {
-    guard().Handle([this] { Unload(); });
+    forms_.services().guard.Handle([this] { Unload(); });
     event->accept();
 }
 

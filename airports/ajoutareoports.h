@@ -21,14 +21,12 @@ namespace skelda {
 class Database;
 class Forms;
 class Recordset;
-class RunTimeGuard;
 
 class ajoutareoports : public QWidget {
     Q_OBJECT
 public:
     // Builds the form with its controls; nothing is read yet.
     explicit ajoutareoports(Forms& forms);
-    ~ajoutareoports() override;
 
     // Loading the form: builds it and runs Form_Load, which reads the selection form's list (that
     // form must be loaded). The maker that the program gives to Forms::Provide. Failures reach
@@ -74,14 +72,11 @@ public:
     // event has ended.
     void Unload();
 
-    QString Caption() const { return windowTitle(); }
-
 protected:
     // The close box unloads the form.
     void closeEvent(QCloseEvent* event) override;
 
 private:
-    RunTimeGuard& guard() const;
     void BuildControls();
     // Writes the new airport through the recordset of Confirm.
     void EnregistrerAeroport(Database& base, Recordset& aeroports);
