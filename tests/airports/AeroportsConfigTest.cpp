@@ -278,6 +278,15 @@ TEST_F(Selection, TheCloseBoxUnloadsTheFormAndStartsThePollTimer) {
     EXPECT_TRUE(Deleted(gone));
 }
 
+TEST_F(Selection, TheAirportsItemWhileTheFormIsOpenShowsTheSameForm) {
+    AeroportsConfig& form = OpenSelection();
+    ClickLine(form.List1, LineHeathrow);
+    StartForm().MenuAeroport->trigger();
+    EXPECT_EQ(&forms.Get<AeroportsConfig>(), &form);
+    EXPECT_FALSE(form.List1->Selected(LineHeathrow));  // the change still stands
+    EXPECT_FALSE(Form().T.Enabled());
+}
+
 TEST_F(Selection, TheFormIsLoadedAnewEachTimeItIsOpened) {
     AeroportsConfig& first = OpenSelection();
     ClickLine(first.List1, LineHeathrow);  // a change that isn't stored
@@ -351,10 +360,13 @@ TEST_F(Selection, AReadOnlyDatabaseFailsValidateWithTheRunTimeErrorBox) {
 
 TEST_F(Selection, AMissingDatabaseFailsTheLoadWithTheRunTimeErrorBox) {
     StartForm();
+    Form().T.SetEnabled(true);
     ASSERT_TRUE(QFile::remove(db.Path()));
     StartForm().MenuAeroport->trigger();
     ASSERT_EQ(runTimeEnds, std::vector<int>{DaoFileNotFound});
     EXPECT_FALSE(forms.Loaded<AeroportsConfig>());
+    // T was stopped first, and no unload comes to start it again.
+    EXPECT_FALSE(Form().T.Enabled());
 }
 
 }  // namespace
