@@ -99,6 +99,11 @@ void Form1::Form_Load() {
     TracerCourbe();
 }
 
+void Form1::ChargerAeroportsList1() {
+    ListeAdapter<ListBox> liste(*List1);
+    ChargerAeroports(liste, forms_.module1().TableIDA, DatabasePath());
+}
+
 void Form1::RemplirDates() {
     // 1.
     ChoixDate->Clear();

@@ -11,6 +11,7 @@
 #include <memory>
 
 #include "Acquisition.h"
+#include "AeroportsConfig.h"
 #include "Convert.h"
 #include "Form1.h"
 #include "FormMetaf.h"
@@ -108,11 +109,14 @@ void FrmIcone::WireEvents() {
     On(guard(), &Timer1, &Timer::Tick, this, [this] { Timer1_Timer(); });
     // Unlike ZefirDemand, the menu's item leaves Form1's Tag as it is.
     On(guard(), MenuCourbe, &QAction::triggered, this, [this] { forms_.Get<Form1>().show(); });
-    // The monthly window and the airport selection come with their own forms. Until then their
-    // items do nothing: MenuAeroport in particular must not stop T without a form to start it
-    // again.
+    // The monthly window comes with its own form. Until then its item does nothing.
     On(guard(), MenuStatistiqueMensuelle, &QAction::triggered, this, [] {});
-    On(guard(), MenuAeroport, &QAction::triggered, this, [] {});
+    // No poll while the airports are being chosen: the selection form starts T again when it
+    // unloads. Not modal: the menu comes back at once.
+    On(guard(), MenuAeroport, &QAction::triggered, this, [this] {
+        forms_.Get<Form1>().T.SetEnabled(false);
+        forms_.Widget<AeroportsConfig>().show();
+    });
     // Should the item ever be enabled, the hand-entry form loads, which shows it.
     On(guard(), MenuMetaf, &QAction::triggered, this, [this] { forms_.Get<FormMetaf>().show(); });
     On(guard(), Quit, &QAction::triggered, this, [this] { Quitter_Click(); });

@@ -253,7 +253,6 @@ TEST_F(Tray, TheItemsWhoseFormsComeLaterDoNothingYet) {
     f.T.SetEnabled(true);
     const int windows = int(QApplication::topLevelWidgets().size());
     tray.MenuStatistiqueMensuelle->trigger();
-    tray.MenuAeroport->trigger();
     EXPECT_TRUE(f.T.Enabled());
     EXPECT_EQ(int(QApplication::topLevelWidgets().size()), windows);
     f.T.SetEnabled(false);

@@ -5,9 +5,11 @@
 #include <QAction>
 #include <QMenu>
 
+#include "AeroportsConfig.h"
 #include "FormMetaf.h"
 #include "FrmIcone.h"
 #include "acquisition/PollFixture.h"
+#include "ajoutareoports.h"
 
 namespace skelda::test {
 
@@ -17,6 +19,9 @@ protected:
         forms.Provide<FrmIcone>(&FrmIcone::Load);
         forms.ProvideAs<TrayForm, FrmIcone>();
         forms.Provide<FormMetaf>([](Forms& f) { return new FormMetaf(f.services()); });
+        forms.ProvideAs<PollingForm, Form1>();
+        forms.Provide<AeroportsConfig>(&AeroportsConfig::Load);
+        forms.Provide<ajoutareoports>(&ajoutareoports::Load);
     }
 
     // The start form, loaded now if it isn't. Its timer is stopped at once, so that only the
