@@ -5,11 +5,11 @@
 
 #include <QPointer>
 #include <QSystemTrayIcon>
+#include <QWidget>
 
 #include <cstdint>
 
 class QEvent;
-class QWidget;
 
 namespace skelda {
 
