@@ -173,6 +173,10 @@ Timer::Timer(int intervalMs, bool enabled, QObject* parent)
 }
 
 void Timer::SetEnabled(bool enabled) {
+    // Enabled again while it runs: the interval already begun goes on. The poll cycle's time-out
+    // depends on it: each connection enables it, and a request that got no answer must still
+    // run out 20 seconds after it went, even while later polls connect.
+    if (enabled && enabled_ && timer_.isActive()) return;
     enabled_ = enabled;
     Restart();
 }

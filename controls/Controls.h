@@ -100,8 +100,9 @@ signals:
     void Click();
 };
 
-// A timer with Enabled and Interval. Enabling it starts a full interval; changing the interval
-// of a running timer starts it over.
+// A timer with Enabled and Interval. Enabling a stopped timer starts a full interval; enabling one
+// that runs already leaves its count alone, so a guard started again before it ran out still
+// fires on time. Changing the interval of a running timer starts it over.
 class Timer : public QObject {
     Q_OBJECT
 public:

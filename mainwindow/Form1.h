@@ -71,7 +71,7 @@ public:
     std::array<LineControl, 48> Vline{};
     std::array<Image*, 24> ICO{};
     ImageList ImageList2;
-    Image* Picture1 = nullptr;
+    PictureBox* Picture1 = nullptr;
     QWidget* Shape1 = nullptr;
     QWidget* Shape2 = nullptr;
     QLineEdit* wwwsource = nullptr;  // hidden: the text of a fetched page

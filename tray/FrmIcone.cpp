@@ -40,6 +40,7 @@ FrmIcone::FrmIcone(Forms& forms) : forms_(forms) {
     // The process ends at once, as the run time's End does: no form unloads, nothing is closed.
     // The log line was written and closed before.
     TerminerProcessus = [] { std::_Exit(0); };
+    Shell_NotifyIconA = [this](int dwMessage) { ZoneDeNotification(dwMessage); };
     BuildControls();
     BuildMenu();
     WireEvents();
@@ -217,7 +218,7 @@ QString FrmIcone::TipText() const {
     return tip;
 }
 
-void FrmIcone::Shell_NotifyIconA(int dwMessage) {
+void FrmIcone::ZoneDeNotification(int dwMessage) {
     // The notification area's answers aren't looked at, and a desktop without one gets no icon.
     switch (dwMessage) {
         case NIM_ADD:
@@ -231,7 +232,7 @@ void FrmIcone::Shell_NotifyIconA(int dwMessage) {
             }
             Icone->setIcon(IconeNotif.hIcon);
             Icone->setToolTip(TipText());
-            Icone->show();
+            Icone->Show();
             break;
         case NIM_MODIFY:
             if (Icone != nullptr) Icone->setToolTip(TipText());
