@@ -13,6 +13,7 @@
 #include "RunTime.h"
 #include "ScreenMessageBoxes.h"
 #include "Servers.h"
+#include "StatistiqueMensuelle.h"
 
 #include <QDir>
 #include <QStringList>
@@ -61,6 +62,7 @@ int main(int argc, char* argv[]) {
     forms.Provide<FrmIcone>(&FrmIcone::Load);
     forms.ProvideAs<TrayForm, FrmIcone>();
     forms.Provide<FormMetaf>([](Forms& f) { return new FormMetaf(f.services()); });
+    forms.Provide<StatistiqueMensuelle>(&StatistiqueMensuelle::Load);
 
     // The start form: its load loads Form1 (log, database, first chart) and adds the icon. A
     // failure there (a missing database, say) is a run-time error, shown by the box of the

@@ -18,6 +18,7 @@
 #include "Images.h"
 #include "Log.h"
 #include "ResumeNext.h"
+#include "StatistiqueMensuelle.h"
 #include "RunTime.h"
 #include "Text.h"
 
@@ -108,10 +109,11 @@ void FrmIcone::WireEvents() {
     On(guard(), &Timer1, &Timer::Tick, this, [this] { Timer1_Timer(); });
     // Unlike ZefirDemand, the menu's item leaves Form1's Tag as it is.
     On(guard(), MenuCourbe, &QAction::triggered, this, [this] { forms_.Get<Form1>().show(); });
-    // The monthly window and the airport selection come with their own forms. Until then their
-    // items do nothing: MenuAeroport in particular must not stop T without a form to start it
-    // again.
-    On(guard(), MenuStatistiqueMensuelle, &QAction::triggered, this, [] {});
+    // The monthly window loads at this first touch and shows without holding the menu.
+    On(guard(), MenuStatistiqueMensuelle, &QAction::triggered, this,
+       [this] { forms_.Get<StatistiqueMensuelle>().show(); });
+    // The airport selection comes with its own form. Until then its item does nothing: it must
+    // not stop T without a form to start it again.
     On(guard(), MenuAeroport, &QAction::triggered, this, [] {});
     // Should the item ever be enabled, the hand-entry form loads, which shows it.
     On(guard(), MenuMetaf, &QAction::triggered, this, [this] { forms_.Get<FormMetaf>().show(); });

@@ -7,6 +7,7 @@
 
 #include "FormMetaf.h"
 #include "FrmIcone.h"
+#include "StatistiqueMensuelle.h"
 #include "acquisition/PollFixture.h"
 
 namespace skelda::test {
@@ -17,6 +18,7 @@ protected:
         forms.Provide<FrmIcone>(&FrmIcone::Load);
         forms.ProvideAs<TrayForm, FrmIcone>();
         forms.Provide<FormMetaf>([](Forms& f) { return new FormMetaf(f.services()); });
+        forms.Provide<StatistiqueMensuelle>(&StatistiqueMensuelle::Load);
     }
 
     // The start form, loaded now if it isn't. Its timer is stopped at once, so that only the
