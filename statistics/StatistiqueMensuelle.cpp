@@ -196,6 +196,8 @@ void StatistiqueMensuelle::BuildControls() {
     }
     Bulletin = NewLabel(Picture1, QStringLiteral("Bulletin"), QString(), 60, 60, 2055, 2295);
     SetBackgroundColour(Bulletin, RGB(192, 255, 255));
+    // A day's longest line ("Secteur West North West °") fits the label's width in this size.
+    Bulletin->setFont(Arial(7.5));
     Bulletin->setFrameShape(QFrame::Box);
     Bulletin->setVisible(false);
     Bulletin->raise();
