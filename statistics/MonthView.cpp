@@ -101,17 +101,29 @@ void StatistiqueMensuelle::AfficherMois() {
             QString degres = champ("Orientation").ToText();
             TexteJour = QStringLiteral("Secteur ") + NomDirection(degres, false).Concat() + QStringLiteral(" °") + crlf;
         });
-        step([&] { TexteJour += QStringLiteral("Moyen   ") + Rounded(champ("zefirmoyen")) + QStringLiteral(" Nds") + crlf; });
+        step([&] {
+            TexteJour += QStringLiteral("Moyen   ") + Rounded(champ("zefirmoyen")) + QStringLiteral(" Nds") + crlf;
+        });
         step([&] {
             TexteJour += QStringLiteral("Maxi    ") + champ("zefirmaxi").Concat() + QStringLiteral(" Nds à ") +
                          champ("heuredepointe").Concat() + crlf + crlf;
         });
-        step([&] { TexteJour += QStringLiteral("T° moy  ") + Rounded(champ("tempmoyen")) + QStringLiteral(" °C") + crlf; });
-        step([&] { TexteJour += QStringLiteral("T° maxi ") + champ("tempmaxi").Concat() + QStringLiteral(" °C") + crlf; });
-        step([&] { TexteJour += QStringLiteral("T° mini ") + champ("tempmini").Concat() + QStringLiteral(" °C") + crlf; });
-        step([&] { TexteJour += QStringLiteral("P  moy  ") + Rounded(champ("pmoyen")) + QStringLiteral(" Hpa") + crlf; });
-        step([&] { TexteJour += QStringLiteral("P  maxi ") + champ("pmaxi").Concat() + QStringLiteral(" Hpa") + crlf; });
-        step([&] { TexteJour += QStringLiteral("P  mini ") + champ("pmini").Concat() + QStringLiteral(" Hpa") + crlf; });
+        step([&] {
+            TexteJour += QStringLiteral("T° moy  ") + Rounded(champ("tempmoyen")) + QStringLiteral(" °C") + crlf;
+        });
+        step([&] {
+            TexteJour += QStringLiteral("T° maxi ") + champ("tempmaxi").Concat() + QStringLiteral(" °C") + crlf;
+        });
+        step([&] {
+            TexteJour += QStringLiteral("T° mini ") + champ("tempmini").Concat() + QStringLiteral(" °C") + crlf;
+        });
+        step([&] {
+            TexteJour += QStringLiteral("P  moy  ") + Rounded(champ("pmoyen")) + QStringLiteral(" Hpa") + crlf;
+        });
+        step(
+            [&] { TexteJour += QStringLiteral("P  maxi ") + champ("pmaxi").Concat() + QStringLiteral(" Hpa") + crlf; });
+        step(
+            [&] { TexteJour += QStringLiteral("P  mini ") + champ("pmini").Concat() + QStringLiteral(" Hpa") + crlf; });
         // 10. and 11.
         step([&] { JourCell(JourCourant()).Tag = TexteJour; });
         step([&] { JourCell(JourCourant()).setToolTip(TexteJour); });
@@ -126,8 +138,8 @@ void StatistiqueMensuelle::AfficherMois() {
             step([&] { surface.SetFillColor(PaletteForce(Classe)); });
             step([&] {
                 const Label& jour = JourCell(JourCourant());
-                surface.BoxStep(LeftOf(&jour) + 30, Lhorizontale.Y1, WidthOf(&jour) - 15 - 60,
-                                HauteurVent("zefirmaxi"), vbWindowBackground);
+                surface.BoxStep(LeftOf(&jour) + 30, Lhorizontale.Y1, WidthOf(&jour) - 15 - 60, HauteurVent("zefirmaxi"),
+                                vbWindowBackground);
             });
             step([&] { Classe = MonthWindClass(champ("zefirmoyen")); });
             step([&] {

@@ -31,17 +31,13 @@ constexpr Color Olive = RGB(128, 128, 0);
 
 QString Indexed(const char* name, int index) { return QStringLiteral("%1(%2)").arg(QLatin1String(name)).arg(index); }
 
-void SetTextColour(QWidget* w, Color colour) {
+// A colour of a control: its text (WindowText) or its own background (Window), which a label
+// shows only when it isn't transparent.
+void SetColour(QWidget* w, QPalette::ColorRole role, Color colour) {
     QPalette p = w->palette();
-    p.setColor(QPalette::WindowText, ToQColor(colour));
+    p.setColor(role, ToQColor(colour));
     w->setPalette(p);
-}
-
-void SetBackgroundColour(QWidget* w, Color colour) {
-    QPalette p = w->palette();
-    p.setColor(QPalette::Window, ToQColor(colour));
-    w->setPalette(p);
-    w->setAutoFillBackground(true);
+    if (role == QPalette::Window) w->setAutoFillBackground(true);
 }
 
 QFont Arial(double points) {
@@ -80,11 +76,11 @@ LineControl NewLine(double x1, double y1, double x2, double y2, Color colour, bo
 }
 
 // A label of the scales beside the plot: Arial 6.75, transparent.
-Label* ScaleLabel(QWidget* parent, const QString& name, const QString& caption, double left, double top,
-                  Color colour, Qt::Alignment align) {
+Label* ScaleLabel(QWidget* parent, const QString& name, const QString& caption, double left, double top, Color colour,
+                  Qt::Alignment align) {
     Label* label = NewLabel(parent, name, caption, left, top, 495, 195, align | Qt::AlignVCenter);
     label->setFont(Arial(6.75));
-    SetTextColour(label, colour);
+    SetColour(label, QPalette::WindowText, colour);
     return label;
 }
 
@@ -112,8 +108,9 @@ QString StatistiqueMensuelle::DatabasePath() const {
 
 QString StatistiqueMensuelle::MonthQuery() const {
     // No blank around the last equals sign, and no order: the days come as the saved query gives them.
-    return QStringLiteral("select [Heure de pointe selon zefir].* from [Heure de pointe selon zefir] where "
-                          "numaéroport = ") +
+    return QStringLiteral(
+               "select [Heure de pointe selon zefir].* from [Heure de pointe selon zefir] where "
+               "numaéroport = ") +
            QString::number(Aeroports->ItemData(Aeroports->ListIndex())) + QStringLiteral(" and mois = ") +
            QString::number(Mois->ListIndex() + 1) + QStringLiteral(" and annee=") + Annee->List(Annee->ListIndex());
 }
@@ -191,11 +188,11 @@ void StatistiqueMensuelle::BuildControls() {
         // Neighbours overlap by 15: each cell is 255 wide, 240 apart.
         Jour[i] = NewLabel(Picture1, Indexed("Jour", i), QString(), 240 * (i - 1), 5280, 255, 255, Qt::AlignCenter);
         Jour[i]->setFont(Arial(8.25));
-        SetBackgroundColour(Jour[i], RGB(224, 224, 224));
+        SetColour(Jour[i], QPalette::Window, RGB(224, 224, 224));
         Jour[i]->setMouseTracking(true);
     }
     Bulletin = NewLabel(Picture1, QStringLiteral("Bulletin"), QString(), 60, 60, 2055, 2295);
-    SetBackgroundColour(Bulletin, RGB(192, 255, 255));
+    SetColour(Bulletin, QPalette::Window, RGB(192, 255, 255));
     // A day's longest line ("Secteur West North West °") fits the label's width in this size.
     Bulletin->setFont(Arial(7.5));
     Bulletin->setFrameShape(QFrame::Box);
@@ -255,8 +252,8 @@ void StatistiqueMensuelle::Form_Load() {
     // 6. The wind scale, one label every 5 knots beside the plot, from the plot's own lines.
     for (int i = 1; i <= 50; ++i) {
         if (i % 5 != 0) continue;
-        Label* label = ScaleLabel(Client, Indexed("TxtTemp", i), QString(), LeftOf(TxtTemp[0]), TopOf(TxtTemp[0]),
-                                  Navy, Qt::AlignRight);
+        Label* label = ScaleLabel(Client, Indexed("TxtTemp", i), QString(), LeftOf(TxtTemp[0]), TopOf(TxtTemp[0]), Navy,
+                                  Qt::AlignRight);
         label->setAttribute(Qt::WA_NoMousePropagation);
         TxtTemp[i] = label;
         SetTop(label, CInt(TopOf(Picture1) + Lverticale.Y1 - ((Lverticale.Y1 - Lverticale.Y2) * i) / 50 -
@@ -315,8 +312,7 @@ bool StatistiqueMensuelle::eventFilter(QObject* watched, QEvent* event) {
     if (watched == Client && event->type() == QEvent::MouseMove) {
         auto* move = static_cast<QMouseEvent*>(event);
         const QPointF at = Client->PixelToScale(move->position());
-        guard().Handle(
-            [&] { Form_MouseMove(ButtonOf(move->buttons()), ShiftOf(move->modifiers()), at.x(), at.y()); });
+        guard().Handle([&] { Form_MouseMove(ButtonOf(move->buttons()), ShiftOf(move->modifiers()), at.x(), at.y()); });
     }
     return QMainWindow::eventFilter(watched, event);
 }

@@ -58,10 +58,10 @@ public:
     LineControl Line2;
     LineControl Line3;
     std::array<LineControl, 2> Line1{};
-    QRect Shape1;                     // in twips, relative to Picture1
-    std::array<Label*, 32> Jour{};    // 1 to 31; 0 stays empty
-    Label* Bulletin = nullptr;        // the pop-up text of the day under the pointer
-    QMenu* MenuStat = nullptr;        // "Menu"
+    QRect Shape1;                   // in twips, relative to Picture1
+    std::array<Label*, 32> Jour{};  // 1 to 31; 0 stays empty
+    Label* Bulletin = nullptr;      // the pop-up text of the day under the pointer
+    QMenu* MenuStat = nullptr;      // "Menu"
     QAction* MenuStatImprimer = nullptr;
     QAction* MenuStatFermer = nullptr;
 

@@ -18,8 +18,8 @@
 #include "Images.h"
 #include "Log.h"
 #include "ResumeNext.h"
-#include "StatistiqueMensuelle.h"
 #include "RunTime.h"
+#include "StatistiqueMensuelle.h"
 #include "Text.h"
 
 namespace skelda {

@@ -827,8 +827,7 @@ int main(int argc, char** argv) {
 
     const QDir images(QString::fromLocal8Bit(argv[1]));
     const QDir artwork(QString::fromLocal8Bit(argv[2]));
-    if (!images.mkpath(".") || !artwork.mkpath("symbols") || !artwork.mkpath("app") ||
-        !artwork.mkpath("statistics")) {
+    if (!images.mkpath(".") || !artwork.mkpath("symbols") || !artwork.mkpath("app") || !artwork.mkpath("statistics")) {
         std::fprintf(stderr, "makeart: cannot create the output folders\n");
         return 1;
     }

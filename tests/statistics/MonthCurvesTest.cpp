@@ -19,7 +19,8 @@ TEST(MonthCurves, ANullOnTheFirstRowPutsXAtTheCentreAndLeavesYAtZero) {
     RecordingSurface surface;
     ResumeNext step;
     CurvePoint point;
-    AddMonthDot(step, surface, Lowest, point, [] { return 1087.5; }, NullValue);
+    AddMonthDot(
+        step, surface, Lowest, point, [] { return 1087.5; }, NullValue);
     EXPECT_EQ(step.Number(), InvalidUseOfNull);
     EXPECT_EQ(point.X.ToDouble(), 1087.5);
     EXPECT_EQ(point.Y, 0);
@@ -33,7 +34,8 @@ TEST(MonthCurves, ANullLaterKeepsTheOldPlaceAndDrawsNoSegment) {
     RecordingSurface surface;
     ResumeNext step;
     CurvePoint point{Variant(127.5), 3000};
-    AddMonthDot(step, surface, Lowest, point, [] { return 367.5; }, NullValue);
+    AddMonthDot(
+        step, surface, Lowest, point, [] { return 367.5; }, NullValue);
     EXPECT_EQ(surface.Count(DrawOp::Line), 0);
     EXPECT_EQ(point.X.ToDouble(), 367.5);  // X moved on, Y stayed
     EXPECT_EQ(point.Y, 3000);
@@ -48,7 +50,9 @@ TEST(MonthCurves, OnPaperANullFailsTheDotAtOnce) {
     RecordingSurface surface;
     RunDirectly run;
     CurvePoint point;
-    EXPECT_THROW(AddMonthDot(run, surface, Lowest, point, [] { return 1087.5; }, NullValue), RuntimeError);
+    EXPECT_THROW(AddMonthDot(
+                     run, surface, Lowest, point, [] { return 1087.5; }, NullValue),
+                 RuntimeError);
     EXPECT_EQ(surface.Count(DrawOp::Circle), 0);
 }
 

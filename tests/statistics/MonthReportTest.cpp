@@ -182,8 +182,9 @@ TEST_F(MonthReport, ARowPrintsItsBarsPeakTimeCurvesAndArrow) {
     EXPECT_DOUBLE_EQ(segments[2].x2, Centre(6));
     EXPECT_TRUE(LinesIn(RGB(192, 0, 192)).empty());
     const auto circles = page->Circles();
-    EXPECT_EQ(std::count_if(circles.begin(), circles.end(), [](const DrawCall& c) { return c.color == RGB(192, 0, 192); }),
-              3);
+    EXPECT_EQ(
+        std::count_if(circles.begin(), circles.end(), [](const DrawCall& c) { return c.color == RGB(192, 0, 192); }),
+        3);
     // The arrows: 200 long before the factor 0.9, 300 under the plot.
     const auto arrows = LinesIn(150);
     ASSERT_EQ(arrows.size(), 2u);

@@ -197,7 +197,7 @@ TEST_F(MonthView, TheBarsStandOnTheFootNarrowMaximumUnderFullMean) {
     EXPECT_EQ(narrow[0].fillColor, palette(4));  // (20 - 1) / 5 = 3.8
     EXPECT_EQ(full[0].x2, 240 * 4 + 240);
     EXPECT_EQ(full[0].y2, 5000 - 1500);
-    EXPECT_FALSE(full[0].color.has_value());  // the surface's ForeColor
+    EXPECT_FALSE(full[0].color.has_value());   // the surface's ForeColor
     EXPECT_EQ(full[0].fillColor, palette(3));  // (15 - 1) / 5 = 2.8
     EXPECT_TRUE(full[0].Filled());
     // The mean comes after the maximum, over its foot.
@@ -261,9 +261,7 @@ TEST_F(MonthView, ANullMaximumDrawsNoBarAndLeavesTheClassAsItWas) {
     // The class of the last row (the mean of day 1, 20 knots, class 4) sets the fill colours.
     const auto fills = recording.Calls(DrawOp::SetFillColor);
     const PaletteForceTable& palette = forms.module1().PaletteForce;
-    EXPECT_GE(std::count_if(fills.begin(), fills.end(),
-                            [&](const DrawCall& c) { return c.color == palette(4); }),
-              4);
+    EXPECT_GE(std::count_if(fills.begin(), fills.end(), [&](const DrawCall& c) { return c.color == palette(4); }), 4);
     EXPECT_TRUE(f.Jour[2]->Tag.contains(QStringLiteral("Maxi     Nds à")));
 }
 

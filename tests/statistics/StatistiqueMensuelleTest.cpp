@@ -51,14 +51,14 @@ TEST_F(Statistics, EveryControlStandsAtItsDesignPlace) {
     StatistiqueMensuelle& f = Form();
     // Whole pixels of 15 twips: a design place that isn't a multiple reads back to the nearest.
     const Placed places[] = {
-        {"Label1", 120, 60, 1335, 255},        {"Aeroports", 60, 300, 2055, 1035},
-        {"Année", 840, 1800, 1275, 255},       {"Label2", 120, 1980, 1335, 255},
-        {"Mois", 60, 2160, 2055, 2010},        {"CheckCourbe(1)", 60, 4620, 2055, 255},
+        {"Label1", 120, 60, 1335, 255},          {"Aeroports", 60, 300, 2055, 1035},
+        {"Année", 840, 1800, 1275, 255},         {"Label2", 120, 1980, 1335, 255},
+        {"Mois", 60, 2160, 2055, 2010},          {"CheckCourbe(1)", 60, 4620, 2055, 255},
         {"CheckCourbe(2)", 60, 4860, 2055, 255}, {"CheckCourbe(3)", 60, 5100, 2055, 255},
-        {"TxtTemp(0)", 2160, 5100, 495, 195},  {"Picture1", 2640, 210, 7455, 5535},
-        {"TxtDeg(1)", 10200, 120, 495, 195},   {"TxtDeg(2)", 10200, 1320, 495, 195},
-        {"TxtDeg(3)", 10200, 1680, 495, 195},  {"TxtDeg(0)", 10200, 2580, 495, 195},
-        {"Jour(1)", 0, 5280, 255, 255},        {"Jour(31)", 7200, 5280, 255, 255},
+        {"TxtTemp(0)", 2160, 5100, 495, 195},    {"Picture1", 2640, 210, 7455, 5535},
+        {"TxtDeg(1)", 10200, 120, 495, 195},     {"TxtDeg(2)", 10200, 1320, 495, 195},
+        {"TxtDeg(3)", 10200, 1680, 495, 195},    {"TxtDeg(0)", 10200, 2580, 495, 195},
+        {"Jour(1)", 0, 5280, 255, 255},          {"Jour(31)", 7200, 5280, 255, 255},
         {"Bulletin", 60, 60, 2055, 2295},
     };
     for (const Placed& p : places) {
@@ -76,7 +76,7 @@ TEST_F(Statistics, TheListsHoldTheirItemsLetterForLetter) {
     QStringList months;
     for (int i = 0; i < f.Mois->ListCount(); ++i) months << f.Mois->List(i);
     EXPECT_EQ(months, (QStringList{"January", "Febuary", "March", "April", "May", "June", "July", "August",
-                                  "Septemberr", "October", "November", QStringLiteral("Décember")}));
+                                   "Septemberr", "October", "November", QStringLiteral("Décember")}));
     QStringList years;
     for (int i = 0; i < f.Annee->ListCount(); ++i) years << f.Annee->List(i);
     EXPECT_EQ(years, (QStringList{"2003", "2004", "2005"}));
