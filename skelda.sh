@@ -14,7 +14,7 @@ cd "$(dirname "$0")"
 packages=(g++ cmake ninja-build pkg-config qt6-base-dev libsqlite3-dev libcurl4-openssl-dev
           libgtest-dev libgmock-dev libbenchmark-dev
           desktop-file-utils appstream lintian dpkg-dev file sqlite3
-          xvfb xauth openbox trayer)
+          xvfb xauth openbox trayer poppler-utils)
 
 install_missing() {
     local missing=()

@@ -14,6 +14,7 @@
 #include "RunTime.h"
 #include "ScreenMessageBoxes.h"
 #include "Servers.h"
+#include "StatistiqueMensuelle.h"
 #include "ajoutareoports.h"
 
 #include <QDir>
@@ -66,6 +67,7 @@ int main(int argc, char* argv[]) {
     forms.ProvideAs<PollingForm, Form1>();
     forms.Provide<AeroportsConfig>(&AeroportsConfig::Load);
     forms.Provide<ajoutareoports>(&ajoutareoports::Load);
+    forms.Provide<StatistiqueMensuelle>(&StatistiqueMensuelle::Load);
 
     // The start form: its load loads Form1 (log, database, first chart) and adds the icon. A
     // failure there (a missing database, say) is a run-time error, shown by the box of the

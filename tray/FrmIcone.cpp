@@ -20,6 +20,7 @@
 #include "Log.h"
 #include "ResumeNext.h"
 #include "RunTime.h"
+#include "StatistiqueMensuelle.h"
 #include "Text.h"
 
 namespace skelda {
@@ -110,8 +111,9 @@ void FrmIcone::WireEvents() {
     On(guard(), &Timer1, &Timer::Tick, this, [this] { Timer1_Timer(); });
     // Unlike ZefirDemand, the menu's item leaves Form1's Tag as it is.
     On(guard(), MenuCourbe, &QAction::triggered, this, [this] { forms_.Get<Form1>().show(); });
-    // The monthly window comes with its own form. Until then its item does nothing.
-    On(guard(), MenuStatistiqueMensuelle, &QAction::triggered, this, [] {});
+    // The monthly window loads at this first touch and shows without holding the menu.
+    On(guard(), MenuStatistiqueMensuelle, &QAction::triggered, this,
+       [this] { forms_.Get<StatistiqueMensuelle>().show(); });
     // No poll while the airports are being chosen: the selection form starts T again when it
     // unloads. Not modal: the menu comes back at once.
     On(guard(), MenuAeroport, &QAction::triggered, this, [this] {

@@ -7,7 +7,8 @@
 // airports of the delivered table, named after their station codes.
 // Into the artwork folder, for the artwork library to compile in: the nine 16 by 16 weather
 // symbols of the day chart, symbols/<KEY>.png, the start-up picture of the tray form,
-// app/splash.png (324 by 537, 24 bits), and the icon of the application, app/skelda.png.
+// app/splash.png (324 by 537, 24 bits), the icon of the application, app/skelda.png, and the
+// background of the monthly plot, statistics/plot.png.
 // For each icon size given, the same icon drawn at that size for the desktop's icon theme,
 // icons/hicolor/<size>x<size>/apps/skelda.png, drawn rather than scaled so that small sizes stay sharp.
 //
@@ -22,6 +23,7 @@
 #include <QPainterPath>
 #include <QRadialGradient>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
@@ -781,6 +783,25 @@ QImage Icon(int size) {
 
 // ---------------------------------------------------------------------------------------------
 
+// The background of the monthly plot, 525 by 367, in a palette of 16 colours: bands of even colour
+// from RGB(193,255,255) at the top to RGB(253,255,255) at the bottom, the red rising by 4 from one
+// entry to the next. Each band is 23 rows, the last one the 22 rows that remain.
+QImage PlotBackground() {
+    constexpr int Width = 525;
+    constexpr int Height = 367;
+    constexpr int Colours = 16;
+    constexpr int BandRows = 23;
+    QImage image(Width, Height, QImage::Format_Indexed8);
+    QList<QRgb> palette;
+    for (int i = 0; i < Colours; ++i) palette << qRgb(193 + 4 * i, 255, 255);
+    image.setColorTable(palette);
+    for (int y = 0; y < Height; ++y) {
+        uchar* row = image.scanLine(y);
+        std::fill(row, row + Width, uchar(std::min(Colours - 1, y / BandRows)));
+    }
+    return image;
+}
+
 bool Save(const QImage& image, const QString& path, const char* format) {
     if (image.save(path, format)) return true;
     std::fprintf(stderr, "makeart: cannot write %s\n", qPrintable(path));
@@ -806,7 +827,7 @@ int main(int argc, char** argv) {
 
     const QDir images(QString::fromLocal8Bit(argv[1]));
     const QDir artwork(QString::fromLocal8Bit(argv[2]));
-    if (!images.mkpath(".") || !artwork.mkpath("symbols") || !artwork.mkpath("app")) {
+    if (!images.mkpath(".") || !artwork.mkpath("symbols") || !artwork.mkpath("app") || !artwork.mkpath("statistics")) {
         std::fprintf(stderr, "makeart: cannot create the output folders\n");
         return 1;
     }
@@ -822,6 +843,7 @@ int main(int argc, char** argv) {
 
     ok &= Save(Splash(), artwork.filePath("app/splash.png"), "PNG");
     ok &= Save(Icon(64), artwork.filePath("app/skelda.png"), "PNG");
+    ok &= Save(PlotBackground(), artwork.filePath("statistics/plot.png"), "PNG");
     for (int i = 3; i < argc; ++i) {
         const int size = std::atoi(argv[i]);
         const QString folder = QStringLiteral("icons/hicolor/%1x%1/apps").arg(size);

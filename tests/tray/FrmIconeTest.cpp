@@ -253,15 +253,30 @@ TEST_F(Tray, DailyCurveShowsForm1AndLeavesItsTag) {
     EXPECT_EQ(f.Tag, QStringLiteral("MASQUE"));
 }
 
-TEST_F(Tray, TheItemsWhoseFormsComeLaterDoNothingYet) {
+TEST_F(Tray, MonthlyCurveLoadsTheMonthlyWindowAndShowsItWithoutWaiting) {
     FrmIcone& tray = StartForm();
-    Form1& f = Form();
-    f.T.SetEnabled(true);
-    const int windows = int(QApplication::topLevelWidgets().size());
+    EXPECT_FALSE(forms.Loaded<StatistiqueMensuelle>());
+    tray.MenuStatistiqueMensuelle->trigger();  // returns: the window isn't modal
+    ASSERT_TRUE(forms.Loaded<StatistiqueMensuelle>());
+    StatistiqueMensuelle& stat = forms.Get<StatistiqueMensuelle>();
+    EXPECT_TRUE(stat.isVisible());
+    EXPECT_FALSE(stat.isModal());
+    EXPECT_EQ(stat.StatPrete, -1);
+    EXPECT_EQ(stat.Mois->ListIndex(), 10);  // the clock's November
+    EXPECT_TRUE(runTimeEnds.empty());
+    // A second click shows the same window.
     tray.MenuStatistiqueMensuelle->trigger();
-    EXPECT_TRUE(f.T.Enabled());
-    EXPECT_EQ(int(QApplication::topLevelWidgets().size()), windows);
-    f.T.SetEnabled(false);
+    EXPECT_EQ(&forms.Get<StatistiqueMensuelle>(), &stat);
+}
+
+TEST_F(Tray, MonthlyCurveInAYearOutsideItsListEndsInTheRunTimeBox) {
+    FrmIcone& tray = StartForm();
+    clock.Set(QDateTime(QDate(2006, 1, 3), QTime(9, 0)));
+    tray.MenuStatistiqueMensuelle->trigger();
+    EXPECT_EQ(runTimeEnds, std::vector<int>{InvalidPropertyValue});
+    ASSERT_EQ(boxes.shown.size(), 1u);
+    EXPECT_TRUE(boxes.shown[0].startsWith(QStringLiteral("Run-time error '380'")));
+    EXPECT_FALSE(forms.Loaded<StatistiqueMensuelle>());
 }
 
 TEST_F(Tray, TheMetafReaderWouldShowTheHandEntryForm) {

@@ -10,6 +10,7 @@
 #include "AeroportsConfig.h"
 #include "FormMetaf.h"
 #include "FrmIcone.h"
+#include "StatistiqueMensuelle.h"
 #include "acquisition/PollFixture.h"
 #include "ajoutareoports.h"
 
@@ -24,6 +25,7 @@ protected:
         forms.ProvideAs<PollingForm, Form1>();
         forms.Provide<AeroportsConfig>(&AeroportsConfig::Load);
         forms.Provide<ajoutareoports>(&ajoutareoports::Load);
+        forms.Provide<StatistiqueMensuelle>(&StatistiqueMensuelle::Load);
     }
 
     // The start form, loaded now if it isn't. Its timer is stopped at once, so that only the

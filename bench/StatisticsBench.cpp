@@ -1,0 +1,167 @@
+// How long the monthly window takes over a store of ten years of observations (10 airports, 48 a
+// day each, about 1.75 million rows of Zefir): AfficherMois of a full month, as each click on an
+// airport, a month or a check box runs it, and the printed report of a full month.
+//
+// AfficherMois is timed on a recording surface (the query and the text of the days alone) and on
+// Picture1 itself, with and without the window's repaint. The report is timed on a recording page
+// and on a real PDF printer, the file written by EndDoc included. Each iteration takes another
+// airport, and the month moves through the three years of the window's list.
+#include "Forms.h"
+#include "GuiBenchmarks.h"
+#include "PrinterSurface.h"
+#include "RecordingSurface.h"
+#include "RunTime.h"
+#include "Seams.h"
+#include "StatistiqueMensuelle.h"
+#include "SyntheticStore.h"
+
+#include <benchmark/benchmark.h>
+
+#include <QSignalBlocker>
+#include <QTemporaryDir>
+
+#include <memory>
+
+using namespace skelda;
+
+namespace {
+
+constexpr int kAirports = bench::kStoreAirports;
+const QDate kFirstDay(1996, 1, 1);
+constexpr int kDays = 3652;
+
+// Boxes that answer Yes to the question of the report, and remember any other box.
+class YesBoxes : public MessageBoxes {
+public:
+    int MsgBox(const QString& prompt, int style, const QString&) override {
+        if (style != vbYesNo) failures.push_back(prompt);
+        return vbYes;
+    }
+    void RuntimeErrorBox(int, const QString& description) override { failures.push_back(description); }
+    std::vector<QString> failures;
+};
+
+class Station {
+public:
+    static Station& Instance() {
+        if (!instance) instance.reset(new Station);
+        return *instance;
+    }
+    static void Close() { instance.reset(); }
+    StatistiqueMensuelle& form() { return forms_.Get<StatistiqueMensuelle>(); }
+    QString Folder() const { return store_.path(); }
+    bool Failed() const { return !boxes_.failures.empty(); }
+
+    // Selects the airport, month and year of iteration N without raising the lists' clicks: the
+    // 36 months of 2003 to 2005 in turn, every month with 28 to 31 days of observations.
+    void Select(int n) {
+        StatistiqueMensuelle& f = form();
+        const QSignalBlocker airports(f.Aeroports);
+        const QSignalBlocker months(f.Mois);
+        const QSignalBlocker years(f.Annee);
+        f.Aeroports->setCurrentRow(n % kAirports);
+        f.Mois->setCurrentRow(n % 12);
+        f.Annee->setCurrentRow((n / 12) % 3);
+    }
+
+private:
+    Station() {
+        bench::CreateSyntheticStore(store_.filePath(QStringLiteral("database.mdb")), kFirstDay, kDays);
+        forms_.Provide<StatistiqueMensuelle>(&StatistiqueMensuelle::Load);
+        form();
+    }
+
+    static inline std::unique_ptr<Station> instance;
+
+    QTemporaryDir store_;
+    FixedClock clock_{QDateTime(QDate(2004, 3, 20), QTime(12, 0))};
+    SystemRandom random_;
+    YesBoxes boxes_;
+    RunTimeGuard guard_{boxes_, [](int) {}};
+    Services services_{clock_, random_, boxes_, guard_, {}, {}, {}, store_.path()};
+    Forms forms_{services_};
+};
+
+void BM_MakeStore(benchmark::State& state) {
+    for (auto _ : state) benchmark::DoNotOptimize(&Station::Instance());
+}
+
+void BM_AfficherMoisOnRecording(benchmark::State& state) {
+    Station& station = Station::Instance();
+    StatistiqueMensuelle& form = station.form();
+    RecordingSurface recording;
+    form.drawingSurface = &recording;
+    int n = 0;
+    for (auto _ : state) {
+        station.Select(n++);
+        recording.Clear();
+        form.AfficherMois();
+        if (recording.Boxes().size() < 2 * 28) state.SkipWithError("the month isn't whole");
+    }
+    form.drawingSurface = form.Picture1;
+}
+
+void BM_AfficherMoisOnPicture1(benchmark::State& state) {
+    Station& station = Station::Instance();
+    StatistiqueMensuelle& form = station.form();
+    int n = 0;
+    for (auto _ : state) {
+        station.Select(n++);
+        form.AfficherMois();
+    }
+}
+
+void BM_AfficherMoisOnPicture1Shown(benchmark::State& state) {
+    Station& station = Station::Instance();
+    StatistiqueMensuelle& form = station.form();
+    form.show();
+    int n = 0;
+    for (auto _ : state) {
+        station.Select(n++);
+        form.AfficherMois();
+        form.repaint();
+    }
+    form.hide();
+}
+
+void BM_ReportOnRecording(benchmark::State& state) {
+    Station& station = Station::Instance();
+    StatistiqueMensuelle& form = station.form();
+    auto page = std::make_shared<RecordingSurface>();
+    form.Printer = [page] {
+        page->Clear();
+        return page;
+    };
+    int n = 0;
+    for (auto _ : state) {
+        station.Select(n++);
+        form.MenuStatImprimer_Click();
+        if (page->Count(DrawOp::EndDoc) != 1 || station.Failed()) state.SkipWithError("the report failed");
+    }
+}
+
+void BM_ReportToPdf(benchmark::State& state) {
+    Station& station = Station::Instance();
+    StatistiqueMensuelle& form = station.form();
+    const QString pdf = station.Folder() + QStringLiteral("/report.pdf");
+    form.Printer = [pdf] { return std::make_shared<PrinterSurface>(pdf); };
+    int n = 0;
+    for (auto _ : state) {
+        station.Select(n++);
+        form.MenuStatImprimer_Click();
+        if (station.Failed()) state.SkipWithError("the report failed");
+    }
+}
+
+}  // namespace
+
+BENCHMARK(BM_MakeStore)->Iterations(1)->Unit(benchmark::kSecond);
+BENCHMARK(BM_AfficherMoisOnRecording)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_AfficherMoisOnPicture1)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_AfficherMoisOnPicture1Shown)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_ReportOnRecording)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_ReportToPdf)->Unit(benchmark::kMillisecond);
+
+int main(int argc, char** argv) {
+    return skelda::bench::RunGuiBenchmarks(argc, argv, [] { Station::Close(); });
+}
