@@ -6,6 +6,7 @@
 #include "Acquisition.h"
 #include "Application.h"
 #include "Artwork.h"
+#include "ForecastForm.h"
 #include "Form1.h"
 #include "FormMetaf.h"
 #include "Forms.h"
@@ -61,6 +62,7 @@ int main(int argc, char* argv[]) {
     forms.Provide<FrmIcone>(&FrmIcone::Load);
     forms.ProvideAs<TrayForm, FrmIcone>();
     forms.Provide<FormMetaf>([](Forms& f) { return new FormMetaf(f.services()); });
+    ProvideForecastForms(forms);
 
     // The start form: its load loads Form1 (log, database, first chart) and adds the icon. A
     // failure there (a missing database, say) is a run-time error, shown by the box of the

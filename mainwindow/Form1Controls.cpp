@@ -12,6 +12,7 @@
 #include <QIcon>
 
 #include <iterator>
+#include <limits>
 #include <tuple>
 
 namespace skelda {
@@ -247,6 +248,9 @@ void BuildHidden(Form1& f) {
     f.wwwsource = new QLineEdit(&f);
     f.wwwsource->setObjectName(QStringLiteral("wwwsource"));
     f.wwwsource->setVisible(false);
+    // A page is kept whole, however long: the field's usual limit of 32767 characters would cut
+    // a forecast page before its picture table.
+    f.wwwsource->setMaxLength(std::numeric_limits<int>::max());
 }
 
 }  // namespace

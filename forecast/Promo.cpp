@@ -1,0 +1,40 @@
+#include "Promo.h"
+
+#include "FormParts.h"
+#include "Forms.h"
+#include "Regional.h"
+#include "RunTime.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+
+namespace skelda {
+
+Promo::Promo(Forms& forms, QWidget* parent) : QWidget(parent), forms_(forms) {
+    setObjectName(QStringLiteral("promo"));
+    setWindowTitle(QStringLiteral("News form Skelda"));
+    SetClientSize(this, 7560, 4050);
+
+    Frame1 = new QGroupBox(QStringLiteral("News......"), this);
+    Frame1->setObjectName(QStringLiteral("Frame1"));
+    Place(Frame1, 1320, 240, 4935, 3015);
+    Label1 = NewPlainLabel(Frame1, QStringLiteral("Label1"), QString(), 240, 360, 4455, 2535);
+    Command1 = new QPushButton(QStringLiteral("Close"), this);
+    Command1->setObjectName(QStringLiteral("Command1"));
+    Place(Command1, 3120, 3360, 1335, 375);
+    Label2 = NewPlainLabel(this, QStringLiteral("Label2"), QStringLiteral("now"), 6060, 3768, 1404, 216);
+    Label2->setWordWrap(false);
+
+    // Centred on the screen, whatever its size.
+    const QRect screen = QGuiApplication::primaryScreen()->geometry();
+    move(screen.center() - rect().center());
+
+    On(forms_.services().guard, Command1, &QPushButton::clicked, this, [this] { Command1_Click(); });
+    Form_Load();
+}
+
+void Promo::Form_Load() { Label2->SetCaption(DateTimeText(forms_.services().clock.Now())); }
+
+void Promo::Command1_Click() { forms_.Unload<Promo>(); }
+
+}  // namespace skelda
