@@ -7,10 +7,6 @@
 #include <QString>
 #include <QStringList>
 
-#include <ostream>
-
-// Texts print as text when an expectation fails.
-inline void PrintTo(const QString& text, std::ostream* os) { *os << '"' << text.toStdString() << '"'; }
 
 namespace skelda::test {
 
