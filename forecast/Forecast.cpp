@@ -31,8 +31,8 @@ private:
 // Fetches a page into Form1's wwwsource and gives what the field holds.
 QString Recevoir(Forms& forms, const QString& url) {
     Form1& f = forms.Get<Form1>();
-    f.wwwsource->setText(f.Inet1.OpenURL(url));
-    return f.wwwsource->text();
+    f.wwwsource->SetText(f.Inet1.OpenURL(url));
+    return f.wwwsource->Text();
 }
 
 }  // namespace
@@ -47,8 +47,12 @@ void ChargerPrevision(QString& Code, Forms& forms, const PasseDeBoucle& Passe) {
     const ServerAddress& portail = forms.services().forecastPortal;
     const QString page =
         Recevoir(forms, AdressePage(portail.host, portail.port, QStringLiteral("/forecast/") + Code + QStringLiteral(".html")));
+    AfficherPrevision(page, Code, forms, Passe);
+}
+
+void AfficherPrevision(const QString& Page, const QString& Code, Forms& forms, const PasseDeBoucle& Passe) {
     FenetrePrevision fenetre(forms);
-    if (!LirePrevision(page, fenetre, Passe)) {
+    if (!LirePrevision(Page, fenetre, Passe)) {
         forms.services().boxes.MsgBox(PasDePrevision, vbOKOnly, QString());
         EcrireLog(PasDePrevision + Code, forms.services().clock);
     }

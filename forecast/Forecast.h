@@ -18,6 +18,10 @@ class Forms;
 // caller. Passe watches the passes of the tag loop (tests end the endless ones with it).
 void ChargerPrevision(QString& Code, Forms& forms, const PasseDeBoucle& Passe = {});
 
+// The part of ChargerPrevision behind the fetch: Page, as fetched for the city Code, taken apart
+// into forecastform, or the box and the log line when it has no forecast text.
+void AfficherPrevision(const QString& Page, const QString& Code, Forms& forms, const PasseDeBoucle& Passe = {});
+
 // The news of the run: the first call fetches "http://<news server>/Skelda/promo.html" into
 // Form1's wwwsource (blocking), shows the page as plain text in the window promo, and only then
 // sets Module1's NouvellesVues to "vu"; every later call returns at once. Inutile isn't used.

@@ -8,6 +8,7 @@
 #include "Bulletin.h"
 #include "Controls.h"
 #include "Dao.h"
+#include "HiddenTextBox.h"
 #include "Images.h"
 #include "Inet.h"
 #include "Module1.h"
@@ -15,7 +16,6 @@
 #include "Winsock.h"
 
 #include <QGroupBox>
-#include <QLineEdit>
 
 #include <array>
 #include <cstdint>
@@ -73,7 +73,7 @@ public:
     Image* Picture1 = nullptr;
     QWidget* Shape1 = nullptr;
     QWidget* Shape2 = nullptr;
-    QLineEdit* wwwsource = nullptr;  // hidden: the text of a fetched page
+    HiddenTextBox* wwwsource = nullptr;  // the text of a fetched page, never shown
     Inet Inet1;
     Winsock W;
     Timer T{1000, false};

@@ -12,7 +12,6 @@
 #include <QIcon>
 
 #include <iterator>
-#include <limits>
 #include <tuple>
 
 namespace skelda {
@@ -245,12 +244,8 @@ void BuildBulletin(Form1& f) {
 
 void BuildHidden(Form1& f) {
     // Receives the text of fetched pages; never shown.
-    f.wwwsource = new QLineEdit(&f);
+    f.wwwsource = new HiddenTextBox(&f);
     f.wwwsource->setObjectName(QStringLiteral("wwwsource"));
-    f.wwwsource->setVisible(false);
-    // A page is kept whole, however long: the field's usual limit of 32767 characters would cut
-    // a forecast page before its picture table.
-    f.wwwsource->setMaxLength(std::numeric_limits<int>::max());
 }
 
 }  // namespace

@@ -130,7 +130,7 @@ TEST_F(Forecast, RightClickOnAnAirportFillsTheForecastWindow) {
     EXPECT_EQ(prevision.titre6->Caption(), QStringLiteral("Thursday night"));
     EXPECT_EQ(prevision.Label6->Caption(), QStringLiteral(" Rain. Low 41F(5)c."));
     // The page stays in the hidden field until the next fetch.
-    EXPECT_EQ(f.wwwsource->text(), PageDe(SixBlocs()));
+    EXPECT_EQ(f.wwwsource->Text(), PageDe(SixBlocs()));
     // T was off while the page was fetched, and runs again.
     EXPECT_EQ(tPendantLaRequete.load(), 0);
     EXPECT_TRUE(f.T.Enabled());
@@ -284,5 +284,5 @@ TEST_F(Forecast, APageLongerThanTheFieldsUsualLimitIsKeptWhole) {
     QString Code = QStringLiteral("FRXX0076");
     // The picture table now ends beyond 32767: the whole page reached the parser.
     EXPECT_EQ(ErrorOf([&] { ChargerPrevision(Code, forms); }), Overflow);
-    EXPECT_EQ(Form().wwwsource->text().size(), page.size());
+    EXPECT_EQ(Form().wwwsource->Text().size(), page.size());
 }

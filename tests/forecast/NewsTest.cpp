@@ -41,7 +41,7 @@ TEST_F(News, TheFirstPollShowsTheNewsWindowWithThePageAndTheTimeOfLoading) {
     EXPECT_TRUE(promo.isVisible());
     EXPECT_EQ(promo.Label1->Caption(), UnMot);
     EXPECT_EQ(promo.Label2->Caption(), QStringLiteral("02/11/2004 10:05:00"));
-    EXPECT_EQ(Form().wwwsource->text(), UnMot);
+    EXPECT_EQ(Form().wwwsource->Text(), UnMot);
     EXPECT_EQ(forms.module1().NouvellesVues, Variant(QStringLiteral("vu")));
     // The poll itself goes on behind the news.
     EXPECT_TRUE(server.WaitForRequests(1));
