@@ -45,6 +45,9 @@ void ForecastForm::BuildControls() {
     setObjectName(QStringLiteral("forecastform"));
     setWindowTitle(QStringLiteral("Forecast"));
     SetClientSize(this, 10830, 6765);
+    QFont police = font();
+    police.setPointSizeF(8);
+    setFont(police);
 
     Nomvilleaeroport = NewPlainLabel(this, QStringLiteral("Nomvilleaeroport"), QString(), 660, 216, 4020, 540);
     SetBackColour(Nomvilleaeroport, Grey224);

@@ -14,6 +14,9 @@ Promo::Promo(Forms& forms, QWidget* parent) : QWidget(parent), forms_(forms) {
     setObjectName(QStringLiteral("promo"));
     setWindowTitle(QStringLiteral("News form Skelda"));
     SetClientSize(this, 7560, 4050);
+    QFont police = font();
+    police.setPointSizeF(8);
+    setFont(police);
 
     Frame1 = new QGroupBox(QStringLiteral("News......"), this);
     Frame1->setObjectName(QStringLiteral("Frame1"));
@@ -24,6 +27,10 @@ Promo::Promo(Forms& forms, QWidget* parent) : QWidget(parent), forms_(forms) {
     Place(Command1, 3120, 3360, 1335, 375);
     Label2 = NewPlainLabel(this, QStringLiteral("Label2"), QStringLiteral("now"), 6060, 3768, 1404, 216);
     Label2->setWordWrap(false);
+    // The label is as narrow as the design made it: a smaller type keeps the whole date and time
+    // inside it with the fonts of this platform.
+    police.setPointSizeF(7);
+    Label2->setFont(police);
 
     // Centred on the screen, whatever its size.
     const QRect screen = QGuiApplication::primaryScreen()->geometry();
