@@ -6,9 +6,9 @@
 
 #include "Acquisition.h"
 #include "Convert.h"
+#include "Forecast.h"
 #include "Form1.h"
 #include "Forms.h"
-#include "Forecast.h"
 #include "Regional.h"
 #include "ResumeNext.h"
 #include "Text.h"

@@ -3,8 +3,8 @@
 // taken apart into forecastform's labels by the same code that ChargerPrevision runs behind its
 // fetch. The window is loaded and shown once; each iteration writes all its labels again. The
 // copy of the page into the hidden text field, which the fetch also does, is timed apart.
-#include "ForecastForm.h"
 #include "Forecast.h"
+#include "ForecastForm.h"
 #include "ForecastParser.h"
 #include "Forms.h"
 #include "GuiBenchmarks.h"
@@ -13,7 +13,6 @@
 #include "Seams.h"
 
 #include <benchmark/benchmark.h>
-
 
 #include <memory>
 
@@ -25,15 +24,13 @@ namespace {
 QString PageDe40Ko() {
     QString head = QStringLiteral("<html><head><title>Local forecast</title>\n<style>\n");
     for (int i = 0; head.size() < 24000; ++i)
-        head += QStringLiteral(".c%1 { font-family: Verdana; color: #33%1; margin: 2px; }\n").arg(i % 1000, 4, 10,
-                                                                                                   QLatin1Char('0'));
+        head += QStringLiteral(".c%1 { font-family: Verdana; color: #33%1; margin: 2px; }\n")
+                    .arg(i % 1000, 4, 10, QLatin1Char('0'));
     head += QStringLiteral("</style></head><body>\n");
-    const char* const blocs[][2] = {{"Today:", " Mostly sunny. High 75F."},
-                                    {"Tonight:", " Clear. Low 54F."},
-                                    {"Wednesday:", " Showers likely. High 62F."},
-                                    {"Wednesday night:", " Cloudy. Low 48F."},
-                                    {"Thursday:", " Windy with rain. High 59F."},
-                                    {"Thursday night:", " Rain. Low 41F."}};
+    const char* const blocs[][2] = {
+        {"Today:", " Mostly sunny. High 75F."},       {"Tonight:", " Clear. Low 54F."},
+        {"Wednesday:", " Showers likely. High 62F."}, {"Wednesday night:", " Cloudy. Low 48F."},
+        {"Thursday:", " Windy with rain. High 59F."}, {"Thursday night:", " Rain. Low 41F."}};
     QString texte = QStringLiteral("<!--TEXT FORECAST-->\n");
     for (const auto& b : blocs)
         texte += QStringLiteral("<b>%1</b>%2<p>\n").arg(QLatin1String(b[0]), QLatin1String(b[1]));

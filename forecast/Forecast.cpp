@@ -45,8 +45,8 @@ QString AdressePage(const QString& host, quint16 port, const QString& path) {
 
 void ChargerPrevision(QString& Code, Forms& forms, const PasseDeBoucle& Passe) {
     const ServerAddress& portail = forms.services().forecastPortal;
-    const QString page =
-        Recevoir(forms, AdressePage(portail.host, portail.port, QStringLiteral("/forecast/") + Code + QStringLiteral(".html")));
+    const QString page = Recevoir(
+        forms, AdressePage(portail.host, portail.port, QStringLiteral("/forecast/") + Code + QStringLiteral(".html")));
     AfficherPrevision(page, Code, forms, Passe);
 }
 

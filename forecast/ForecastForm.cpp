@@ -56,11 +56,11 @@ void ForecastForm::BuildControls() {
     const QFont terminal = NearestFont(QStringLiteral("Terminal"), 9, QFont::TypeWriter, QFont::Bold);
     for (int i = 0; i < 6; ++i) {
         const PlaceDeBloc& at = Blocs[i];
-        titres_[i] = NewPlainLabel(this, QStringLiteral("titre%1").arg(i + 1), QString(), at.titreLeft, at.titreTop,
-                                   1488, 372);
+        titres_[i] =
+            NewPlainLabel(this, QStringLiteral("titre%1").arg(i + 1), QString(), at.titreLeft, at.titreTop, 1488, 372);
         titres_[i]->setFont(terminal);
-        textes_[i] = NewPlainLabel(this, QStringLiteral("Label%1").arg(i + 1), QString(), at.texteLeft, at.texteTop,
-                                   2940, 1992);
+        textes_[i] =
+            NewPlainLabel(this, QStringLiteral("Label%1").arg(i + 1), QString(), at.texteLeft, at.texteTop, 2940, 1992);
         SetBackColour(textes_[i], Grey224);
     }
     std::tie(titre1, titre2, titre3, titre4, titre5, titre6) =

@@ -34,6 +34,8 @@ QFont NearestFont(const QString& family, double points, QFont::StyleHint hint, Q
     return font;
 }
 
-void SetClientSize(QWidget* form, double width, double height) { form->setFixedSize(ToPixels(width), ToPixels(height)); }
+void SetClientSize(QWidget* form, double width, double height) {
+    form->setFixedSize(ToPixels(width), ToPixels(height));
+}
 
 }  // namespace skelda

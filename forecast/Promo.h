@@ -18,8 +18,8 @@ public:
     // Builds the form, centred on the screen, and runs its Form_Load.
     explicit Promo(Forms& forms, QWidget* parent = nullptr);
 
-    QGroupBox* Frame1 = nullptr;  // "News......"
-    Label* Label1 = nullptr;      // inside Frame1: the page, markup and all, never rendered
+    QGroupBox* Frame1 = nullptr;      // "News......"
+    Label* Label1 = nullptr;          // inside Frame1: the page, markup and all, never rendered
     QPushButton* Command1 = nullptr;  // "Close"
     Label* Label2 = nullptr;          // the date and time of loading
 

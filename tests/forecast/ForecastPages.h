@@ -7,7 +7,6 @@
 #include <QString>
 #include <QStringList>
 
-
 namespace skelda::test {
 
 using Blocs = QList<QPair<QString, QString>>;  // heading (with its colon), text
@@ -31,8 +30,8 @@ inline QString TextePrevision(const Blocs& blocs, const QString& finDeLigne = QS
 }
 
 // The table of pictures, with these names under /icons/.
-inline QString TableImages(const QStringList& noms = {QStringLiteral("28"), QStringLiteral("11"),
-                                                      QStringLiteral("30"), QStringLiteral("12")}) {
+inline QString TableImages(const QStringList& noms = {QStringLiteral("28"), QStringLiteral("11"), QStringLiteral("30"),
+                                                      QStringLiteral("12")}) {
     QString table = QStringLiteral("<table><tr><td>-- FORECAST --</td>");
     for (const QString& nom : noms) table += QStringLiteral("<td><img src=\"/icons/%1.gif\"></td>").arg(nom);
     return table + QStringLiteral("</tr></table><!--ENDFC-->");

@@ -206,10 +206,9 @@ TEST(ExtrairePrevision, TakesTheFourPictureNames) {
 
 TEST(ExtrairePrevision, AOneCharacterNameIsReadFromTheStartOfTheTable) {
     QString liste;
-    ExtrairePrevision(
-        Page(QString(),
-             TableImages({QStringLiteral("5"), QStringLiteral("11"), QStringLiteral("30"), QStringLiteral("12")})),
-        liste);
+    ExtrairePrevision(Page(QString(), TableImages({QStringLiteral("5"), QStringLiteral("11"), QStringLiteral("30"),
+                                                   QStringLiteral("12")})),
+                      liste);
     EXPECT_EQ(liste, QStringLiteral("- FOR,11.gif,30.gif,12.gif,"));
 }
 
@@ -245,8 +244,8 @@ TEST(ForecastParser, MoreThanSixteenBlocksIsASubscriptFailure) {
 TEST(ForecastParser, ACharacterOtherThanLineFeedAfterATagLoopsForEver) {
     // "<p> " puts a blank at the first place and the next "<" at the second: that pass comes
     // back unchanged for ever. The watcher ends it.
-    const QString texte =
-        QStringLiteral("<!--TEXT FORECAST-->\n<b>Today:</b> Sunny.<p> <b>Tonight:</b> Clear.<p>\n<!--ENDTEXT FORECAST-->");
+    const QString texte = QStringLiteral(
+        "<!--TEXT FORECAST-->\n<b>Today:</b> Sunny.<p> <b>Tonight:</b> Clear.<p>\n<!--ENDTEXT FORECAST-->");
     Enregistrement e;
     int passes = 0;
     EXPECT_THROW(LirePrevision(Page(texte), e, ArretApres(10000, passes)), BoucleSansFin);

@@ -49,12 +49,24 @@ TEST_F(Forecast, HasItsCaptionClientAreaAndEveryControlInPlace) {
         const char* name;
         double left, top, width, height;
     } places[] = {
-        {"Nomvilleaeroport", 660, 216, 4020, 540}, {"titre1", 540, 924, 1488, 372},   {"titre2", 3924, 924, 1488, 372},
-        {"titre3", 7272, 972, 1488, 372},          {"titre4", 552, 3516, 1488, 372},  {"titre5", 3948, 3504, 1488, 372},
-        {"titre6", 7296, 3504, 1488, 372},         {"Label1", 540, 1392, 2940, 1992}, {"Label2", 3912, 1392, 2940, 1992},
-        {"Label3", 7272, 1392, 2940, 1992},        {"Label4", 540, 3960, 2940, 1992}, {"Label5", 3924, 3960, 2940, 1992},
-        {"Label6", 7296, 3960, 2940, 1992},        {"temp1", 2592, 900, 888, 456},    {"temp2", 9324, 912, 888, 456},
-        {"temp3", 5964, 3468, 888, 456},           {"temp4", 9336, 3456, 888, 456},   {"Command1", 4632, 6240, 1368, 390},
+        {"Nomvilleaeroport", 660, 216, 4020, 540},
+        {"titre1", 540, 924, 1488, 372},
+        {"titre2", 3924, 924, 1488, 372},
+        {"titre3", 7272, 972, 1488, 372},
+        {"titre4", 552, 3516, 1488, 372},
+        {"titre5", 3948, 3504, 1488, 372},
+        {"titre6", 7296, 3504, 1488, 372},
+        {"Label1", 540, 1392, 2940, 1992},
+        {"Label2", 3912, 1392, 2940, 1992},
+        {"Label3", 7272, 1392, 2940, 1992},
+        {"Label4", 540, 3960, 2940, 1992},
+        {"Label5", 3924, 3960, 2940, 1992},
+        {"Label6", 7296, 3960, 2940, 1992},
+        {"temp1", 2592, 900, 888, 456},
+        {"temp2", 9324, 912, 888, 456},
+        {"temp3", 5964, 3468, 888, 456},
+        {"temp4", 9336, 3456, 888, 456},
+        {"Command1", 4632, 6240, 1368, 390},
     };
     for (const auto& p : places) {
         QWidget* w = f.findChild<QWidget*>(QString::fromLatin1(p.name));
@@ -235,9 +247,8 @@ TEST_F(Forecast, ASecondForecastWithFewerBlocksKeepsTheOldTextWhileTheWindowStay
 }
 
 TEST_F(Forecast, APageThatBreaksTheParserEndsInTheRunTimeBoxWithTOff) {
-    portal.Serve("/forecast/FRXX0076.html",
-                 PageDe({{QStringLiteral("Today:"), QStringLiteral(" Sunny.")},
-                         {QStringLiteral("Tonight:"), QStringLiteral(" Patchy Fog.")}}));
+    portal.Serve("/forecast/FRXX0076.html", PageDe({{QStringLiteral("Today:"), QStringLiteral(" Sunny.")},
+                                                    {QStringLiteral("Tonight:"), QStringLiteral(" Patchy Fog.")}}));
     Form1& f = Form();
     f.T.SetEnabled(true);
     f.List1->SetListIndex(LigneBourget);

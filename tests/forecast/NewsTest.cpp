@@ -16,7 +16,8 @@ const QString UnMot = QStringLiteral("Bonjour");
 // may be fetched.
 const QString PageHtml = QStringLiteral(
     "<html><head><script>alert('x');</script></head>\n"
-    "<body><h1>Skelda 0.32</h1><img src=\"/Skelda/logo.gif\"><a href=\"http://example.invalid/\">Home</a></body></html>");
+    "<body><h1>Skelda 0.32</h1><img src=\"/Skelda/logo.gif\"><a "
+    "href=\"http://example.invalid/\">Home</a></body></html>");
 
 }  // namespace
 
