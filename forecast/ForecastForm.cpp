@@ -44,6 +44,8 @@ ForecastForm::ForecastForm(Forms& forms, QWidget* parent) : QWidget(parent), for
 void ForecastForm::BuildControls() {
     setObjectName(QStringLiteral("forecastform"));
     setWindowTitle(QStringLiteral("Forecast"));
+    // Closed by its window frame, the form unloads as by its button.
+    setAttribute(Qt::WA_DeleteOnClose);
     SetClientSize(this, 10830, 6765);
     QFont police = font();
     police.setPointSizeF(8);

@@ -13,6 +13,8 @@ namespace skelda {
 Promo::Promo(Forms& forms, QWidget* parent) : QWidget(parent), forms_(forms) {
     setObjectName(QStringLiteral("promo"));
     setWindowTitle(QStringLiteral("News form Skelda"));
+    // Closed by its window frame, the form unloads as by its button.
+    setAttribute(Qt::WA_DeleteOnClose);
     SetClientSize(this, 7560, 4050);
     QFont police = font();
     police.setPointSizeF(8);

@@ -111,6 +111,15 @@ TEST_F(Forecast, CloseUnloadsTheFormAndWhatWasWritten) {
     EXPECT_FALSE(Prevision().isVisible());
 }
 
+TEST_F(Forecast, ClosingByTheWindowFrameUnloadsTheFormToo) {
+    Prevision().Label1->SetCaption(QStringLiteral("Sunny"));
+    Prevision().show();
+    Prevision().close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_FALSE(forms.Loaded<ForecastForm>());
+    EXPECT_EQ(Prevision().Label1->Caption(), QString());
+}
+
 TEST_F(Forecast, LeftClickOnAnAirportDrawsTheChartAndFetchesNoForecast) {
     Form1& f = Form();
     f.drawingSurface = &recording;
