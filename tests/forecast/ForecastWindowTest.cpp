@@ -160,6 +160,16 @@ TEST_F(Forecast, RightClickOnAnAirportFillsTheForecastWindow) {
     EXPECT_TRUE(runTimeEnds.empty());
 }
 
+TEST_F(Forecast, RightClickOnAnotherAirportSelectsItAndFetchesItsForecast) {
+    portal.Serve("/forecast/UKXX0085.html", PageDe({{QStringLiteral("Monday:"), QStringLiteral(" Drizzle.")}}));
+    Form1& f = Form();
+    ASSERT_EQ(f.List1->ListIndex(), LigneBourget);
+    Presser(LigneHeathrow, Qt::RightButton);
+    EXPECT_EQ(f.List1->ListIndex(), LigneHeathrow);
+    EXPECT_EQ(portal.Paths(), QStringList{QStringLiteral("/forecast/UKXX0085.html")});
+    EXPECT_EQ(Prevision().Nomvilleaeroport->Caption(), QStringLiteral("London - Heathrow"));
+}
+
 TEST_F(Forecast, RightClickWithoutCodeShowsTheBoxAndTRunsAgain) {
     Form1& f = Form();
     f.T.SetEnabled(true);
