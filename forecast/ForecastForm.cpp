@@ -6,6 +6,8 @@
 #include "Promo.h"
 #include "RunTime.h"
 
+#include <QCloseEvent>
+
 namespace skelda {
 
 namespace {
@@ -44,8 +46,6 @@ ForecastForm::ForecastForm(Forms& forms, QWidget* parent) : QWidget(parent), for
 void ForecastForm::BuildControls() {
     setObjectName(QStringLiteral("forecastform"));
     setWindowTitle(QStringLiteral("Forecast"));
-    // Closed by its window frame, the form unloads as by its button.
-    setAttribute(Qt::WA_DeleteOnClose);
     SetClientSize(this, 10830, 6765);
     QFont police = font();
     police.setPointSizeF(8);
@@ -80,7 +80,14 @@ void ForecastForm::BuildControls() {
     Place(Command1, 4632, 6240, 1368, 390);
 }
 
-void ForecastForm::Command1_Click() { forms_.Unload<ForecastForm>(); }
+// The button's own handler still runs: the form leaves now, its window once the handler is done.
+void ForecastForm::Command1_Click() { forms_.UnloadLater<ForecastForm>(); }
+
+void ForecastForm::closeEvent(QCloseEvent* event) {
+    // Closed by its window frame, the form unloads as by its button.
+    forms_.services().guard.Handle([this] { forms_.UnloadLater<ForecastForm>(); });
+    event->accept();
+}
 
 void ForecastForm::SetNomvilleaeroport(const QString& text) { Nomvilleaeroport->SetCaption(text); }
 

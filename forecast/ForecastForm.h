@@ -53,6 +53,9 @@ public:
     void SetNomvilleaeroport(const QString& text) override;
     void ChargerPrevision(QString& Code) override;
 
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
 private:
     void BuildControls();
     Forms& forms_;

@@ -5,6 +5,8 @@
 #include "Regional.h"
 #include "RunTime.h"
 
+#include <QCloseEvent>
+
 #include <QGuiApplication>
 #include <QScreen>
 
@@ -13,8 +15,6 @@ namespace skelda {
 Promo::Promo(Forms& forms, QWidget* parent) : QWidget(parent), forms_(forms) {
     setObjectName(QStringLiteral("promo"));
     setWindowTitle(QStringLiteral("News form Skelda"));
-    // Closed by its window frame, the form unloads as by its button.
-    setAttribute(Qt::WA_DeleteOnClose);
     SetClientSize(this, 7560, 4050);
     QFont police = font();
     police.setPointSizeF(8);
@@ -44,6 +44,13 @@ Promo::Promo(Forms& forms, QWidget* parent) : QWidget(parent), forms_(forms) {
 
 void Promo::Form_Load() { Label2->SetCaption(DateTimeText(forms_.services().clock.Now())); }
 
-void Promo::Command1_Click() { forms_.Unload<Promo>(); }
+// The button's own handler still runs: the form leaves now, its window once the handler is done.
+void Promo::Command1_Click() { forms_.UnloadLater<Promo>(); }
+
+void Promo::closeEvent(QCloseEvent* event) {
+    // Closed by its window frame, the form unloads as by its button.
+    forms_.services().guard.Handle([this] { forms_.UnloadLater<Promo>(); });
+    event->accept();
+}
 
 }  // namespace skelda

@@ -28,6 +28,9 @@ public:
     // Unloads the form. The news don't come back in this run: the flag stays set.
     void Command1_Click();
 
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
 private:
     Forms& forms_;
 };

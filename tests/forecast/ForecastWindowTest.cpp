@@ -16,8 +16,6 @@ using namespace skelda::test;
 
 namespace {
 
-QString Caption(QWidget* w) { return static_cast<Label*>(w)->Caption(); }
-
 void ExpectPlace(const QWidget* w, double left, double top, double width, double height) {
     SCOPED_TRACE(w->objectName().toStdString());
     EXPECT_EQ(w->x(), ToPixels(left));
@@ -115,7 +113,6 @@ TEST_F(Forecast, ClosingByTheWindowFrameUnloadsTheFormToo) {
     Prevision().Label1->SetCaption(QStringLiteral("Sunny"));
     Prevision().show();
     Prevision().close();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_FALSE(forms.Loaded<ForecastForm>());
     EXPECT_EQ(Prevision().Label1->Caption(), QString());
 }
