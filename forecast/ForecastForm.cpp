@@ -8,6 +8,8 @@
 
 #include <QCloseEvent>
 
+#include <tuple>
+
 namespace skelda {
 
 namespace {
