@@ -6,9 +6,9 @@
 
 #include "Acquisition.h"
 #include "Convert.h"
+#include "Forecast.h"
 #include "Form1.h"
 #include "Forms.h"
-#include "News.h"
 #include "Regional.h"
 #include "ResumeNext.h"
 #include "Text.h"
@@ -155,8 +155,11 @@ void Connect(Form1& f) {
     f.W.SetRemotePort(services.observationServer.port);
     // 9. W_Connect takes over when the connection is made.
     f.W.Connect();
-    // 10.
-    AfficherNouvelles(QString(), f.forms());
+    // 10. The news, at the first poll of the run. A failed fetch (no network, an unknown host, a
+    //     refused connection, a time-out) is lost silently with this poll, as every network
+    //     failure of the cycle is: the news flag stays empty and the next poll tries again.
+    ResumeNext nouvelles;
+    nouvelles([&] { AfficherNouvelles(QString(), f.forms()); });
 }
 
 void TimerWinsock_Timer(Form1& f) {

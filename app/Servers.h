@@ -11,9 +11,13 @@ namespace skelda {
 // stands in the request line and in the socket's RemoteHost.
 inline ServerAddress ObservationServer() { return {QStringLiteral("tgftp.nws.noaa.gov"), 80}; }
 
-// The forecast portal and the news server are used by the forecast and news forms, which come
-// later; their hosts are chosen with those forms. Until then nothing reaches them.
-inline ServerAddress ForecastPortal() { return {QString(), 80}; }
-inline ServerAddress NewsServer() { return {QString(), 80}; }
+// The forecast portal: one HTML page per city under /forecast/<city code>.html, the city codes
+// being those of table Aéroports (FRXX0076 for Paris), with the text forecast between
+// "<!--TEXT FORECAST-->" and "<!--ENDTEXT FORECAST-->" and a table of pictures between
+// "-- FORECAST --" and "<!--ENDFC-->". The portal is Skelda's own.
+inline ServerAddress ForecastPortal() { return {QStringLiteral("forecast.skelda.invalid"), 80}; }
+
+// The news server: one small page, /Skelda/promo.html, shown as it comes once per run.
+inline ServerAddress NewsServer() { return {QStringLiteral("news.skelda.invalid"), 80}; }
 
 }  // namespace skelda

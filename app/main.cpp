@@ -7,6 +7,7 @@
 #include "AeroportsConfig.h"
 #include "Application.h"
 #include "Artwork.h"
+#include "ForecastForm.h"
 #include "Form1.h"
 #include "FormMetaf.h"
 #include "Forms.h"
@@ -68,6 +69,7 @@ int main(int argc, char* argv[]) {
     forms.Provide<AeroportsConfig>(&AeroportsConfig::Load);
     forms.Provide<ajoutareoports>(&ajoutareoports::Load);
     forms.Provide<StatistiqueMensuelle>(&StatistiqueMensuelle::Load);
+    ProvideForecastForms(forms);
 
     // The start form: its load loads Form1 (log, database, first chart) and adds the icon. A
     // failure there (a missing database, say) is a run-time error, shown by the box of the

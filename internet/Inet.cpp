@@ -90,6 +90,7 @@ QString Inet::OpenURL(const QString& url) {
     // No signals: a name lookup that hangs is ended by the time-out, not by an alarm.
     curl_easy_setopt(handle, CURLOPT_NOSIGNAL, 1L);
     curl_easy_setopt(handle, CURLOPT_TIMEOUT, long(requestTimeout_ > 0 ? requestTimeout_ : 0));
+    curl_easy_setopt(handle, CURLOPT_CONNECTTIMEOUT, long(connectTimeout_ > 0 ? connectTimeout_ : 0));
     curl_easy_setopt(handle, CURLOPT_WRITEFUNCTION, &Collect);
     curl_easy_setopt(handle, CURLOPT_WRITEDATA, &body);
     const CURLcode result = curl_easy_perform(handle);

@@ -24,16 +24,23 @@ public:
     // text, following redirections. Whatever the server answers counts: an error page or an
     // empty body is returned like any other. The body is read as UTF-8 when it is valid UTF-8
     // (a leading byte-order mark dropped), and as Latin-1 otherwise, so no byte is ever lost.
-    // Fails with a RuntimeError of InetError when no answer comes, or none within
-    // RequestTimeout seconds.
+    // Fails with a RuntimeError of InetError when no answer comes, when no connection is made
+    // within ConnectTimeout seconds, or when the page hasn't come whole within RequestTimeout.
     QString OpenURL(const QString& url);
 
     // The time allowed to a whole fetch, in seconds; 60 at first. 0 or less means no limit.
     int RequestTimeout() const { return requestTimeout_; }
     void SetRequestTimeout(int seconds) { requestTimeout_ = seconds; }
 
+    // The time allowed to find the host and connect to it, in seconds; 5 at first, so that an
+    // absent server holds the blocked window only a few seconds. 0 or less leaves it to the
+    // whole fetch's time-out.
+    int ConnectTimeout() const { return connectTimeout_; }
+    void SetConnectTimeout(int seconds) { connectTimeout_ = seconds; }
+
 private:
     int requestTimeout_ = 60;
+    int connectTimeout_ = 5;
 };
 
 }  // namespace skelda

@@ -4,6 +4,8 @@
 #include "Form1.h"
 
 #include "Airports.h"
+#include "Convert.h"
+#include "ForecastWindow.h"
 #include "Forms.h"
 #include "Log.h"
 #include "Regional.h"
@@ -56,6 +58,8 @@ void Form1::WireEvents() {
     On(guard(), List1, &ListBox::Click, this, [this] { List1_Click(); });
     On(guard(), List1, &ListBox::MouseMove, this,
        [this](int button, int shift, double x, double y) { List1_MouseMove(button, shift, x, y); });
+    On(guard(), List1, &ListBox::MouseDown, this,
+       [this](int button, int shift, double x, double y) { List1_MouseDown(button, shift, x, y); });
     for (int i = 0; i < int(FKNT.size()); ++i) {
         // A slot label's mouse move is its own event, as on any control, and isn't the form's too.
         FKNT[i]->setMouseTracking(true);
@@ -158,6 +162,43 @@ void Form1::List1_MouseMove(int /*Button*/, int Shift, double X, double Y) {
     // The list's own coordinates fall left of the chart, so the readout goes away as the
     // pointer enters the list.
     Form_MouseMove(0, Shift, X, Y);
+}
+
+void Form1::List1_MouseDown(int Button, int /*Shift*/, double /*X*/, double /*Y*/) {
+    if (Button != vbRightButton) {
+        TracerCourbe();
+        return;
+    }
+    // No poll may start while the fetch blocks the window.
+    T.SetEnabled(false);
+    const int16_t numero = CInt(double(List1->ItemData(List1->ListIndex())));
+    BaseReleves = OpenDatabase(DatabasePath());
+    JeuReleves = BaseReleves.OpenRecordset(QStringLiteral("Aéroports"), dbOpenDynaset);
+    JeuReleves.FindFirst(QStringLiteral("IDX = ") + QString::number(numero));
+    if (!JeuReleves.NoMatch()) {
+        // Writing the heading loads the forecast window, without showing it.
+        ForecastWindow& prevision = forms_.Get<ForecastWindow>();
+        prevision.SetNomvilleaeroport(JeuReleves.Fields(QStringLiteral("ville")).Concat() + QStringLiteral(" - ") +
+                                      JeuReleves.Fields(QStringLiteral("aéroport")).Concat());
+        const Variant code = JeuReleves.Fields(QStringLiteral("codeforecast"));
+        if (code.IsNull()) {
+            forms_.services().boxes.MsgBox(QStringLiteral("No forecast code for city"), vbOKOnly, QString());
+        } else {
+            // An empty code isn't caught here: it goes to the portal as it is.
+            QString Code = code.ToText();
+            prevision.ChargerPrevision(Code);
+        }
+    }
+    JeuReleves.Close();
+    BaseReleves.Close();
+    JeuReleves = Recordset();
+    BaseReleves = Database();
+    T.SetEnabled(true);
+}
+
+void Form1::TestPrevision() {
+    QString Code = QStringLiteral("test");
+    forms_.Get<ForecastWindow>().ChargerPrevision(Code);
 }
 
 void Form1::mousePressEvent(QMouseEvent* event) {

@@ -8,6 +8,7 @@
 #include "Bulletin.h"
 #include "Controls.h"
 #include "Dao.h"
+#include "HiddenTextBox.h"
 #include "Images.h"
 #include "Inet.h"
 #include "Module1.h"
@@ -16,7 +17,6 @@
 #include "Winsock.h"
 
 #include <QGroupBox>
-#include <QLineEdit>
 
 #include <array>
 #include <cstdint>
@@ -74,7 +74,7 @@ public:
     PictureBox* Picture1 = nullptr;
     QWidget* Shape1 = nullptr;
     QWidget* Shape2 = nullptr;
-    QLineEdit* wwwsource = nullptr;  // hidden: the text of a fetched page
+    HiddenTextBox* wwwsource = nullptr;  // the text of a fetched page, never shown
     Inet Inet1;
     Winsock W;
     Timer T{1000, false};
@@ -126,6 +126,14 @@ public:
     void ChoixDate_Click();
     void List1_Click();
     void List1_MouseMove(int Button, int Shift, double X, double Y);
+    // The left button draws the chart. The right button fetches the forecast of the selected
+    // airport: T stops for the blocking fetch, the airport is looked up by its idx, the forecast
+    // window gets "city - airport", and the portal's page is fetched (ChargerPrevision), or the
+    // box "No forecast code for city" comes for an airport without a code; then T starts again.
+    // Nothing is handled: a failure reaches the caller with T off and the database open.
+    void List1_MouseDown(int Button, int Shift, double X, double Y);
+    // Fetches the forecast of the code "test". Nothing calls it.
+    void TestPrevision();
     // The caption of the window (its title).
     QString Caption() const { return windowTitle(); }
     void SetCaption(const QString& text) { setWindowTitle(text); }

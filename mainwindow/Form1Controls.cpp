@@ -244,9 +244,8 @@ void BuildBulletin(Form1& f) {
 
 void BuildHidden(Form1& f) {
     // Receives the text of fetched pages; never shown.
-    f.wwwsource = new QLineEdit(&f);
+    f.wwwsource = new HiddenTextBox(&f);
     f.wwwsource->setObjectName(QStringLiteral("wwwsource"));
-    f.wwwsource->setVisible(false);
 }
 
 }  // namespace

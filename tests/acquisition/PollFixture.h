@@ -169,6 +169,8 @@ protected:
         picture.fill(Qt::blue);
         ASSERT_TRUE(picture.save(QStringLiteral("Images/METEO2.BMP"), "BMP"));
         services.observationServer = {QStringLiteral("127.0.0.1"), server.Port()};
+        // Nobody serves the news here: the first poll's news fetch is refused at once, silently.
+        services.newsServer = {QStringLiteral("127.0.0.1"), ClosedPort()};
         forms.Provide<Form1>(&LoadForm1WithPollCycle);
         ProvideTray();
     }

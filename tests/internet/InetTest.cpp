@@ -2,6 +2,12 @@
 
 #include <QTcpServer>
 #include <chrono>
+#include <vector>
+
+#include <arpa/inet.h>
+#include <netinet/in.h>
+#include <sys/socket.h>
+#include <unistd.h>
 
 #include "Failure.h"
 #include "Inet.h"
@@ -95,6 +101,37 @@ TEST(Inet, ASilentServerTimesOut) {
         EXPECT_EQ(e.Description(), QStringLiteral("Request timed out"));
     }
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
+}
+
+TEST(Inet, AServerThatNeverTakesTheConnectionIsGivenUpAfterTheConnectionTimeOut) {
+    // A listener on the loopback address whose queue of connections is full: the system drops
+    // any further connection request without a word, as an absent host does.
+    const int listener = ::socket(AF_INET, SOCK_STREAM, 0);
+    ASSERT_GE(listener, 0);
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    ASSERT_EQ(::bind(listener, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
+    ASSERT_EQ(::listen(listener, 0), 0);
+    socklen_t length = sizeof address;
+    ASSERT_EQ(::getsockname(listener, reinterpret_cast<sockaddr*>(&address), &length), 0);
+    std::vector<int> fillers;
+    for (int i = 0; i < 4; ++i) {
+        const int filler = ::socket(AF_INET, SOCK_STREAM | SOCK_NONBLOCK, 0);
+        ::connect(filler, reinterpret_cast<sockaddr*>(&address), sizeof address);
+        fillers.push_back(filler);
+    }
+
+    Inet inet;
+    EXPECT_EQ(inet.ConnectTimeout(), 5);
+    inet.SetConnectTimeout(1);
+    const auto start = std::chrono::steady_clock::now();
+    const QString url = QStringLiteral("http://127.0.0.1:%1/Skelda/promo.html").arg(ntohs(address.sin_port));
+    EXPECT_EQ(FailureOf(inet, url), icTimeout);
+    // Well before the minute that the whole fetch is allowed.
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
+    for (int filler : fillers) ::close(filler);
+    ::close(listener);
 }
 
 TEST(Inet, BadAddressesFail) {

@@ -1,0 +1,315 @@
+// The forecast window, and the right click on an airport that fetches its forecast from the
+// portal: end to end, with the program's forms, a real database and a portal on loopback.
+#include "Controls.h"
+#include "Failures.h"
+#include "Forecast.h"
+#include "ForecastFixture.h"
+
+#include <QFontInfo>
+#include <QPushButton>
+
+#include <atomic>
+#include <stdexcept>
+
+using namespace skelda;
+using namespace skelda::test;
+
+namespace {
+
+void ExpectPlace(const QWidget* w, double left, double top, double width, double height) {
+    SCOPED_TRACE(w->objectName().toStdString());
+    EXPECT_EQ(w->x(), ToPixels(left));
+    EXPECT_EQ(w->y(), ToPixels(top));
+    EXPECT_EQ(w->width(), ToPixels(width));
+    EXPECT_EQ(w->height(), ToPixels(height));
+}
+
+void ExpectGreyBack(const QWidget* w) {
+    EXPECT_TRUE(w->autoFillBackground()) << w->objectName().toStdString();
+    EXPECT_EQ(w->palette().color(QPalette::Window), QColor(224, 224, 224)) << w->objectName().toStdString();
+}
+
+struct BoucleSansFin : std::runtime_error {
+    BoucleSansFin() : std::runtime_error("the tag loop went on") {}
+};
+
+}  // namespace
+
+class Forecast : public ForecastFixture {};
+
+TEST_F(Forecast, HasItsCaptionClientAreaAndEveryControlInPlace) {
+    ForecastForm& f = Prevision();
+    EXPECT_EQ(f.objectName(), QStringLiteral("forecastform"));
+    EXPECT_EQ(f.windowTitle(), QStringLiteral("Forecast"));
+    EXPECT_EQ(f.size(), QSize(ToPixels(10830), ToPixels(6765)));
+    EXPECT_FALSE(f.isVisible());
+    const struct {
+        const char* name;
+        double left, top, width, height;
+    } places[] = {
+        {"Nomvilleaeroport", 660, 216, 4020, 540},
+        {"titre1", 540, 924, 1488, 372},
+        {"titre2", 3924, 924, 1488, 372},
+        {"titre3", 7272, 972, 1488, 372},
+        {"titre4", 552, 3516, 1488, 372},
+        {"titre5", 3948, 3504, 1488, 372},
+        {"titre6", 7296, 3504, 1488, 372},
+        {"Label1", 540, 1392, 2940, 1992},
+        {"Label2", 3912, 1392, 2940, 1992},
+        {"Label3", 7272, 1392, 2940, 1992},
+        {"Label4", 540, 3960, 2940, 1992},
+        {"Label5", 3924, 3960, 2940, 1992},
+        {"Label6", 7296, 3960, 2940, 1992},
+        {"temp1", 2592, 900, 888, 456},
+        {"temp2", 9324, 912, 888, 456},
+        {"temp3", 5964, 3468, 888, 456},
+        {"temp4", 9336, 3456, 888, 456},
+        {"Command1", 4632, 6240, 1368, 390},
+    };
+    for (const auto& p : places) {
+        QWidget* w = f.findChild<QWidget*>(QString::fromLatin1(p.name));
+        ASSERT_NE(w, nullptr) << p.name;
+        ExpectPlace(w, p.left, p.top, p.width, p.height);
+    }
+    EXPECT_EQ(f.findChild<QPushButton*>(QStringLiteral("Command1"))->text(), QStringLiteral("Close"));
+    for (int i = 0; i < 6; ++i) {
+        EXPECT_EQ(f.Titre(i)->Caption(), QString());
+        EXPECT_EQ(f.Texte(i)->Caption(), QString());
+        EXPECT_EQ(f.Texte(i)->textFormat(), Qt::PlainText);
+    }
+}
+
+TEST_F(Forecast, HasGreyBacksAndItsFontsOrTheNearest) {
+    ForecastForm& f = Prevision();
+    ExpectGreyBack(f.Nomvilleaeroport);
+    for (int i = 0; i < 6; ++i) ExpectGreyBack(f.Texte(i));
+    EXPECT_FALSE(f.titre1->autoFillBackground());
+    const QFont nom = f.Nomvilleaeroport->font();
+    EXPECT_EQ(nom.family(), QStringLiteral("Arial Black"));
+    EXPECT_DOUBLE_EQ(nom.pointSizeF(), 16.5);
+    EXPECT_EQ(nom.weight(), QFont::Black);
+    for (int i = 0; i < 6; ++i) {
+        const QFont titre = f.Titre(i)->font();
+        EXPECT_EQ(titre.family(), QStringLiteral("Terminal"));
+        EXPECT_DOUBLE_EQ(titre.pointSizeF(), 9);
+        EXPECT_TRUE(titre.bold());
+    }
+    // Whatever the machine lacks, the font drawn is a real one of the same kind.
+    EXPECT_FALSE(QFontInfo(f.titre1->font()).family().isEmpty());
+    EXPECT_TRUE(QFontInfo(f.titre1->font()).bold());
+}
+
+TEST_F(Forecast, CloseUnloadsTheFormAndWhatWasWritten) {
+    ForecastForm& f = Prevision();
+    f.Label1->SetCaption(QStringLiteral("Sunny"));
+    f.show();
+    QTest::mouseClick(f.Command1, Qt::LeftButton);
+    EXPECT_FALSE(forms.Loaded<ForecastForm>());
+    EXPECT_EQ(Prevision().Label1->Caption(), QString());
+    EXPECT_FALSE(Prevision().isVisible());
+}
+
+TEST_F(Forecast, ClosingByTheWindowFrameUnloadsTheFormToo) {
+    Prevision().Label1->SetCaption(QStringLiteral("Sunny"));
+    Prevision().show();
+    Prevision().close();
+    EXPECT_FALSE(forms.Loaded<ForecastForm>());
+    EXPECT_EQ(Prevision().Label1->Caption(), QString());
+}
+
+TEST_F(Forecast, LeftClickOnAnAirportDrawsTheChartAndFetchesNoForecast) {
+    Form1& f = Form();
+    f.drawingSurface = &recording;
+    recording.Clear();
+    Presser(LigneHeathrow, Qt::LeftButton);
+    EXPECT_FALSE(recording.Calls().empty());
+    recording.Clear();
+    f.List1_MouseDown(vbLeftButton, 0, 0, 0);
+    EXPECT_FALSE(recording.Calls().empty());
+    EXPECT_EQ(portal.Count(), 0);
+    EXPECT_FALSE(forms.Loaded<ForecastForm>());
+    EXPECT_TRUE(boxes.shown.empty());
+}
+
+TEST_F(Forecast, RightClickOnAnAirportFillsTheForecastWindow) {
+    portal.Serve("/forecast/FRXX0076.html", PageDe(SixBlocs()));
+    Form1& f = Form();
+    f.T.SetEnabled(true);
+    std::atomic<int> tPendantLaRequete{-1};
+    portal.onRequest = [&] { tPendantLaRequete = f.T.Enabled() ? 1 : 0; };
+    Presser(LigneBourget, Qt::RightButton);
+
+    EXPECT_EQ(portal.Paths(), QStringList{QStringLiteral("/forecast/FRXX0076.html")});
+    ForecastForm& prevision = Prevision();
+    EXPECT_TRUE(prevision.isVisible());
+    EXPECT_EQ(prevision.Nomvilleaeroport->Caption(), QStringLiteral("Paris - Le Bourget"));
+    EXPECT_EQ(prevision.titre1->Caption(), QStringLiteral("Today"));
+    EXPECT_EQ(prevision.Label1->Caption(), QStringLiteral(" Sunny. High 75F(24)c."));
+    EXPECT_EQ(prevision.titre6->Caption(), QStringLiteral("Thursday night"));
+    EXPECT_EQ(prevision.Label6->Caption(), QStringLiteral(" Rain. Low 41F(5)c."));
+    // The page stays in the hidden field until the next fetch.
+    EXPECT_EQ(f.wwwsource->Text(), PageDe(SixBlocs()));
+    // T was off while the page was fetched, and runs again.
+    EXPECT_EQ(tPendantLaRequete.load(), 0);
+    EXPECT_TRUE(f.T.Enabled());
+    EXPECT_TRUE(f.BaseReleves.IsNothing());
+    EXPECT_TRUE(f.JeuReleves.IsNothing());
+    EXPECT_TRUE(runTimeEnds.empty());
+}
+
+TEST_F(Forecast, RightClickOnAnotherAirportSelectsItAndFetchesItsForecast) {
+    portal.Serve("/forecast/UKXX0085.html", PageDe({{QStringLiteral("Monday:"), QStringLiteral(" Drizzle.")}}));
+    Form1& f = Form();
+    ASSERT_EQ(f.List1->ListIndex(), LigneBourget);
+    Presser(LigneHeathrow, Qt::RightButton);
+    EXPECT_EQ(f.List1->ListIndex(), LigneHeathrow);
+    EXPECT_EQ(portal.Paths(), QStringList{QStringLiteral("/forecast/UKXX0085.html")});
+    EXPECT_EQ(Prevision().Nomvilleaeroport->Caption(), QStringLiteral("London - Heathrow"));
+}
+
+TEST_F(Forecast, RightClickWithoutCodeShowsTheBoxAndTRunsAgain) {
+    Form1& f = Form();
+    f.T.SetEnabled(true);
+    f.List1->SetListIndex(LigneRoissy);
+    f.List1_MouseDown(vbRightButton, 0, 0, 0);
+    EXPECT_EQ(boxes.shown, std::vector<QString>{QStringLiteral("No forecast code for city")});
+    EXPECT_EQ(portal.Count(), 0);
+    // The heading was written all the same, which loaded the window without showing it.
+    ASSERT_TRUE(forms.Loaded<ForecastForm>());
+    EXPECT_EQ(Prevision().Nomvilleaeroport->Caption(), QStringLiteral("Roissy - Charles de Gaulle"));
+    EXPECT_FALSE(Prevision().isVisible());
+    EXPECT_TRUE(f.T.Enabled());
+    EXPECT_TRUE(f.BaseReleves.IsNothing());
+}
+
+TEST_F(Forecast, AnEmptyCodeGoesToThePortalAsItIs) {
+    ASSERT_TRUE(db.Exec(QStringLiteral("UPDATE \"Aéroports\" SET codeforecast = '' WHERE IDA = 'LFPG'")));
+    Form1& f = Form();
+    f.List1->SetListIndex(LigneRoissy);
+    f.List1_MouseDown(vbRightButton, 0, 0, 0);
+    EXPECT_EQ(portal.Paths(), QStringList{QStringLiteral("/forecast/.html")});
+    // The portal's "Not Found" page has no forecast text.
+    EXPECT_EQ(boxes.shown, std::vector<QString>{QStringLiteral("Unable to retrieve forecast!!!")});
+}
+
+TEST_F(Forecast, APageWithoutForecastTextShowsTheBoxAndLogsTheCode) {
+    portal.Serve("/forecast/FRXX0076.html", QStringLiteral("<html>Forecast</html>"));
+    Form1& f = Form();
+    f.T.SetEnabled(true);
+    f.List1->SetListIndex(LigneBourget);
+    f.List1_MouseDown(vbRightButton, 0, 0, 0);
+    EXPECT_EQ(boxes.shown, std::vector<QString>{QStringLiteral("Unable to retrieve forecast!!!")});
+    EXPECT_EQ(LogCount(QStringLiteral(" Unable to retrieve forecast!!!FRXX0076\r\n")), 1);
+    EXPECT_FALSE(Prevision().isVisible());
+    EXPECT_TRUE(f.T.Enabled());
+}
+
+TEST_F(Forecast, OpensBlankAndFillsWhileTheParserRuns) {
+    portal.Serve("/forecast/FRXX0076.html", PageDe(SixBlocs()));
+    Form();
+    int passes = 0;
+    bool blancAuDebut = false;
+    bool premierSeulAuMilieu = false;
+    QString Code = QStringLiteral("FRXX0076");
+    ChargerPrevision(Code, forms, [&] {
+        ForecastForm& p = Prevision();
+        ++passes;
+        if (passes == 1) {
+            blancAuDebut = p.isVisible();
+            for (int i = 0; i < 6; ++i)
+                blancAuDebut = blancAuDebut && p.Titre(i)->Caption().isEmpty() && p.Texte(i)->Caption().isEmpty();
+        }
+        // The second block's first pass, its line feed: the first block is there, not the rest.
+        if (passes == 6) premierSeulAuMilieu = !p.Label1->Caption().isEmpty() && p.Label2->Caption().isEmpty();
+    });
+    EXPECT_TRUE(blancAuDebut);
+    EXPECT_TRUE(premierSeulAuMilieu);
+    EXPECT_EQ(Prevision().Label6->Caption(), QStringLiteral(" Rain. Low 41F(5)c."));
+}
+
+TEST_F(Forecast, FewerThanSixBlocksLeaveTheLastLabelsBlankOnANewWindow) {
+    portal.Serve("/forecast/FRXX0076.html", PageDe(SixBlocs().mid(0, 2)));
+    Form();
+    QString Code = QStringLiteral("FRXX0076");
+    ChargerPrevision(Code, forms);
+    ForecastForm& p = Prevision();
+    EXPECT_EQ(p.titre2->Caption(), QStringLiteral("Tonight"));
+    for (int i = 2; i < 6; ++i) {
+        EXPECT_EQ(p.Titre(i)->Caption(), QString());
+        EXPECT_EQ(p.Texte(i)->Caption(), QString());
+    }
+}
+
+TEST_F(Forecast, ASecondForecastWithFewerBlocksKeepsTheOldTextWhileTheWindowStaysOpen) {
+    portal.Serve("/forecast/FRXX0076.html", PageDe(SixBlocs()));
+    portal.Serve("/forecast/UKXX0085.html", PageDe({{QStringLiteral("Monday:"), QStringLiteral(" Drizzle.")}}));
+    Form1& f = Form();
+    f.List1->SetListIndex(LigneBourget);
+    f.List1_MouseDown(vbRightButton, 0, 0, 0);
+    f.List1->SetListIndex(LigneHeathrow);
+    f.List1_MouseDown(vbRightButton, 0, 0, 0);
+    ForecastForm& p = Prevision();
+    EXPECT_EQ(p.Nomvilleaeroport->Caption(), QStringLiteral("London - Heathrow"));
+    EXPECT_EQ(p.titre1->Caption(), QStringLiteral("Monday"));
+    EXPECT_EQ(p.Label1->Caption(), QStringLiteral(" Drizzle."));
+    EXPECT_EQ(p.titre2->Caption(), QStringLiteral("Tonight"));
+    EXPECT_EQ(p.Label6->Caption(), QStringLiteral(" Rain. Low 41F(5)c."));
+
+    // Closed in between, the window starts blank.
+    QTest::mouseClick(p.Command1, Qt::LeftButton);
+    f.List1_MouseDown(vbRightButton, 0, 0, 0);
+    EXPECT_EQ(Prevision().titre1->Caption(), QStringLiteral("Monday"));
+    EXPECT_EQ(Prevision().titre2->Caption(), QString());
+}
+
+TEST_F(Forecast, APageThatBreaksTheParserEndsInTheRunTimeBoxWithTOff) {
+    portal.Serve("/forecast/FRXX0076.html", PageDe({{QStringLiteral("Today:"), QStringLiteral(" Sunny.")},
+                                                    {QStringLiteral("Tonight:"), QStringLiteral(" Patchy Fog.")}}));
+    Form1& f = Form();
+    f.T.SetEnabled(true);
+    f.List1->SetListIndex(LigneBourget);
+    Presser(LigneBourget, Qt::RightButton);
+    EXPECT_EQ(runTimeEnds, std::vector<int>{TypeMismatch});
+    EXPECT_EQ(boxes.shown, std::vector<QString>{QStringLiteral("Run-time error '13': Type mismatch")});
+    EXPECT_FALSE(f.T.Enabled());
+    // Nothing closed the database either.
+    EXPECT_FALSE(f.BaseReleves.IsNothing());
+    // The window was shown with what came before the failure.
+    EXPECT_TRUE(Prevision().isVisible());
+    EXPECT_EQ(Prevision().Label1->Caption(), QStringLiteral(" Sunny."));
+}
+
+TEST_F(Forecast, AnUnreachablePortalEndsInTheRunTimeBoxWithTOff) {
+    services.forecastPortal = {QStringLiteral("127.0.0.1"), ClosedPort()};
+    Form1& f = Form();
+    f.T.SetEnabled(true);
+    Presser(LigneBourget, Qt::RightButton);
+    EXPECT_EQ(runTimeEnds, std::vector<int>{icConnectFailed});
+    EXPECT_FALSE(f.T.Enabled());
+    EXPECT_FALSE(Prevision().isVisible());
+}
+
+TEST_F(Forecast, APageWithALoopThatNeverEndsKeepsRunning) {
+    portal.Serve("/forecast/FRXX0076.html",
+                 Page(QStringLiteral("<!--TEXT FORECAST-->\n<b>Today:</b> Sunny.<p> <b>Tonight:</b> Clear.<p>\n"
+                                     "<!--ENDTEXT FORECAST-->")));
+    Form();
+    int passes = 0;
+    QString Code = QStringLiteral("FRXX0076");
+    EXPECT_THROW(ChargerPrevision(Code, forms,
+                                  [&] {
+                                      if (++passes > 50000) throw BoucleSansFin();
+                                  }),
+                 BoucleSansFin);
+    EXPECT_EQ(Prevision().Label1->Caption(), QStringLiteral(" Sunny."));
+}
+
+TEST_F(Forecast, APageLongerThanTheFieldsUsualLimitIsKeptWhole) {
+    const QString page = Page(TextePrevision(SixBlocs()) + QString(40000, u' '));
+    portal.Serve("/forecast/FRXX0076.html", page);
+    Form();
+    QString Code = QStringLiteral("FRXX0076");
+    // The picture table now ends beyond 32767: the whole page reached the parser.
+    EXPECT_EQ(ErrorOf([&] { ChargerPrevision(Code, forms); }), Overflow);
+    EXPECT_EQ(Form().wwwsource->Text().size(), page.size());
+}

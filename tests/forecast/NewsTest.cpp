@@ -1,0 +1,146 @@
+// The news of the run: the first poll fetches the news server's page and shows it as it comes in
+// promo; later polls fetch nothing. End to end, with the poll cycle and a news server on loopback.
+#include "ForecastFixture.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+
+using namespace skelda;
+using namespace skelda::test;
+
+namespace {
+
+const QString UnMot = QStringLiteral("Bonjour");
+
+// A page with markup that a browser would run or load: it must show as text, and nothing in it
+// may be fetched.
+const QString PageHtml = QStringLiteral(
+    "<html><head><script>alert('x');</script></head>\n"
+    "<body><h1>Skelda 0.32</h1><img src=\"/Skelda/logo.gif\"><a "
+    "href=\"http://example.invalid/\">Home</a></body></html>");
+
+}  // namespace
+
+class News : public ForecastFixture {
+protected:
+    void SetUp() override {
+        ForecastFixture::SetUp();
+        newsServer.Serve("/Skelda/promo.html", UnMot);
+        services.newsServer = newsServer.Address();
+    }
+    // The eleventh tick of T: the next scheduled poll.
+    void PollSuivant() { Tick(Form(), 11); }
+
+    PageServer newsServer;
+};
+
+TEST_F(News, TheFirstPollShowsTheNewsWindowWithThePageAndTheTimeOfLoading) {
+    Connect(Form());
+    EXPECT_EQ(newsServer.Paths(), QStringList{QStringLiteral("/Skelda/promo.html")});
+    ASSERT_TRUE(forms.Loaded<Promo>());
+    Promo& promo = forms.Get<Promo>();
+    EXPECT_TRUE(promo.isVisible());
+    EXPECT_EQ(promo.Label1->Caption(), UnMot);
+    EXPECT_EQ(promo.Label2->Caption(), QStringLiteral("02/11/2004 10:05:00"));
+    EXPECT_EQ(Form().wwwsource->Text(), UnMot);
+    EXPECT_EQ(forms.module1().NouvellesVues, Variant(QStringLiteral("vu")));
+    // The poll itself goes on behind the news.
+    EXPECT_TRUE(server.WaitForRequests(1));
+    EXPECT_TRUE(runTimeEnds.empty());
+}
+
+TEST_F(News, SecondAndLaterPollsMakeNoFetch) {
+    Connect(Form());
+    PollSuivant();
+    PollSuivant();
+    Connect(Form());
+    EXPECT_EQ(newsServer.Count(), 1);
+    EXPECT_TRUE(forms.Get<Promo>().isVisible());
+}
+
+TEST_F(News, ClosingTheWindowDoesNotBringItBackAtTheNextPoll) {
+    Connect(Form());
+    QTest::mouseClick(forms.Get<Promo>().Command1, Qt::LeftButton);
+    EXPECT_FALSE(forms.Loaded<Promo>());
+    PollSuivant();
+    EXPECT_FALSE(forms.Loaded<Promo>());
+    EXPECT_EQ(newsServer.Count(), 1);
+}
+
+TEST_F(News, MarkupIsShownAsItComesAndNothingInItIsLoaded) {
+    newsServer.Serve("/Skelda/promo.html", PageHtml);
+    Connect(Form());
+    Label* label = forms.Get<Promo>().Label1;
+    EXPECT_EQ(label->Caption(), PageHtml);
+    EXPECT_EQ(label->textFormat(), Qt::PlainText);
+    EXPECT_FALSE(label->openExternalLinks());
+    // Only the page itself was asked for: not the picture, not the link.
+    EXPECT_EQ(newsServer.Paths(), QStringList{QStringLiteral("/Skelda/promo.html")});
+}
+
+TEST_F(News, AnErrorPageCountsAsNews) {
+    services.newsServer = portal.Address();  // which has no such page
+    Connect(Form());
+    EXPECT_EQ(forms.Get<Promo>().Label1->Caption(), QStringLiteral("<html>Not Found</html>"));
+    EXPECT_EQ(forms.module1().NouvellesVues, Variant(QStringLiteral("vu")));
+}
+
+TEST_F(News, ARefusedFetchIsSilentAndTriedAgainAtTheNextPoll) {
+    services.newsServer = {QStringLiteral("127.0.0.1"), ClosedPort()};
+    Form1& f = Form();
+    f.T.SetEnabled(true);
+    Connect(f);
+    EXPECT_TRUE(runTimeEnds.empty());
+    EXPECT_TRUE(boxes.shown.empty());
+    EXPECT_FALSE(forms.Loaded<Promo>());
+    EXPECT_TRUE(forms.module1().NouvellesVues.IsEmpty());
+    EXPECT_TRUE(f.T.Enabled());
+    // The poll's own exchange wasn't held up.
+    EXPECT_TRUE(server.WaitForRequests(1));
+
+    services.newsServer = newsServer.Address();
+    PollSuivant();
+    EXPECT_EQ(newsServer.Count(), 1);
+    EXPECT_TRUE(forms.Loaded<Promo>());
+    EXPECT_EQ(forms.module1().NouvellesVues, Variant(QStringLiteral("vu")));
+    EXPECT_EQ(f.SecondesAttente, 0);
+}
+
+TEST_F(News, AnUnknownHostIsSilentAndTriedAgainAtTheNextPoll) {
+    services.newsServer = {QStringLiteral("news.skelda.invalid"), 80};
+    Connect(Form());
+    EXPECT_TRUE(runTimeEnds.empty());
+    EXPECT_TRUE(boxes.shown.empty());
+    EXPECT_FALSE(forms.Loaded<Promo>());
+    EXPECT_TRUE(forms.module1().NouvellesVues.IsEmpty());
+    PollSuivant();
+    EXPECT_TRUE(runTimeEnds.empty());
+    EXPECT_TRUE(forms.module1().NouvellesVues.IsEmpty());
+}
+
+TEST_F(News, TheNewsWindowHasItsCaptionControlsAndPlaceInTheMiddleOfTheScreen) {
+    Promo& promo = forms.Get<Promo>();
+    EXPECT_EQ(promo.objectName(), QStringLiteral("promo"));
+    EXPECT_EQ(promo.windowTitle(), QStringLiteral("News form Skelda"));
+    EXPECT_EQ(promo.size(), QSize(ToPixels(7560), ToPixels(4050)));
+    const QPoint centre = QGuiApplication::primaryScreen()->geometry().center();
+    EXPECT_LE((promo.geometry().center() - centre).manhattanLength(), 2);
+    EXPECT_EQ(promo.Frame1->title(), QStringLiteral("News......"));
+    EXPECT_EQ(promo.Label1->parentWidget(), promo.Frame1);
+    EXPECT_EQ(promo.Command1->text(), QStringLiteral("Close"));
+    const struct {
+        QWidget* w;
+        double left, top, width, height;
+    } places[] = {{promo.Frame1, 1320, 240, 4935, 3015},
+                  {promo.Label1, 240, 360, 4455, 2535},
+                  {promo.Command1, 3120, 3360, 1335, 375},
+                  {promo.Label2, 6060, 3768, 1404, 216}};
+    for (const auto& p : places) {
+        SCOPED_TRACE(p.w->objectName().toStdString());
+        EXPECT_EQ(p.w->geometry(), QRect(ToPixels(p.left), ToPixels(p.top), ToPixels(p.width), ToPixels(p.height)));
+    }
+    for (const char* name : {"Frame1", "Label1", "Command1", "Label2"})
+        EXPECT_NE(promo.findChild<QWidget*>(QString::fromLatin1(name)), nullptr) << name;
+    // Loading wrote the time over the design's "now".
+    EXPECT_EQ(promo.Label2->Caption(), QStringLiteral("02/11/2004 10:05:00"));
+}
