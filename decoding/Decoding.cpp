@@ -69,8 +69,12 @@ bool HasAt(QStringView group, qsizetype at, QStringView code) {
 // True when Code stands anywhere in Group (the "contains" test). Groups are a few characters
 // long, so a plain scan beats any clever search.
 bool Contains(QStringView group, QStringView code) {
-    for (qsizetype at = 1; at - 1 + code.size() <= group.size(); ++at) {
-        if (HasAt(group, at, code)) return true;
+    const qsizetype n = code.size();
+    for (qsizetype i = 0; i + n <= group.size(); ++i) {
+        if (group[i] != code[0]) continue;
+        qsizetype k = 1;
+        while (k < n && group[i + k] == code[k]) ++k;
+        if (k == n) return true;
     }
     return false;
 }
