@@ -4,6 +4,7 @@
 // loads the main window first), shows it as the start-up screen and runs the event loop. The run
 // ends only through the tray menu's Quit, or after a run-time error box.
 #include "Acquisition.h"
+#include "AeroportsConfig.h"
 #include "Application.h"
 #include "Artwork.h"
 #include "Form1.h"
@@ -13,6 +14,7 @@
 #include "RunTime.h"
 #include "ScreenMessageBoxes.h"
 #include "Servers.h"
+#include "ajoutareoports.h"
 
 #include <QDir>
 #include <QStringList>
@@ -61,6 +63,9 @@ int main(int argc, char* argv[]) {
     forms.Provide<FrmIcone>(&FrmIcone::Load);
     forms.ProvideAs<TrayForm, FrmIcone>();
     forms.Provide<FormMetaf>([](Forms& f) { return new FormMetaf(f.services()); });
+    forms.ProvideAs<PollingForm, Form1>();
+    forms.Provide<AeroportsConfig>(&AeroportsConfig::Load);
+    forms.Provide<ajoutareoports>(&ajoutareoports::Load);
 
     // The start form: its load loads Form1 (log, database, first chart) and adds the icon. A
     // failure there (a missing database, say) is a run-time error, shown by the box of the
