@@ -14,7 +14,7 @@ cd "$(dirname "$0")"
 packages=(g++ cmake ninja-build pkg-config qt6-base-dev libsqlite3-dev libcurl4-openssl-dev
           libgtest-dev libgmock-dev libbenchmark-dev
           desktop-file-utils appstream lintian dpkg-dev file sqlite3
-          xvfb xauth openbox trayer poppler-utils)
+          xvfb xauth openbox trayer poppler-utils clang libclang-rt-14-dev)
 
 install_missing() {
     local missing=()
@@ -78,6 +78,9 @@ test)
     # The platform layer and the decoder run once more under AddressSanitizer and UBSan.
     build build-sanitize Debug -DSKELDA_SANITIZE=ON
     (cd build-sanitize && QT_QPA_PLATFORM=offscreen ctest --output-on-failure -j "$(nproc)" -L sanitize)
+    # The fuzz targets (the decoder, the reception of a reply), built with clang, run about 30 s each.
+    CXX=clang++ build build-fuzz RelWithDebInfo -DSKELDA_FUZZ=ON
+    (cd build-fuzz && QT_QPA_PLATFORM=offscreen ctest --output-on-failure -j "$(nproc)" -L fuzz)
     ;;
 install)
     install_missing

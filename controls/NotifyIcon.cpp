@@ -53,6 +53,17 @@ void NotifyIcon::ReadWindow() {
         // while a button is down.
         w->setMouseTracking(true);
         w->installEventFilter(this);
+        // Qt makes the window again when the notification area changes (a panel restarted, a
+        // second one taking over): once this one is gone, the icon takes its successor, so that
+        // the next press is read there too and not answered by Qt as a request for the menu.
+        connect(w, &QObject::destroyed, this, [this] {
+            QMetaObject::invokeMethod(
+                this,
+                [this] {
+                    if (isVisible()) ReadWindow();
+                },
+                Qt::QueuedConnection);
+        });
         fenetre_ = w;
         return;
     }

@@ -48,12 +48,33 @@ constexpr QStringView kSample = u"LFTH 021000Z 22013KT 9999 FEW016 SCT230 22/06 
 
 // --- Small text tools, cheap enough to run several times on every group ---------------------
 
+// The exact comparisons of the decoder, written out: groups and codes are a few characters long,
+// and a call into the library's general comparison for each of them costs more than the work.
+
+// True when Text is Code, character for character.
+bool Same(QStringView text, QStringView code) {
+    if (text.size() != code.size()) return false;
+    for (qsizetype i = 0; i < code.size(); ++i) {
+        if (text[i] != code[i]) return false;
+    }
+    return true;
+}
+
+// True when Code stands in Group from position At (counted from 1): Mid(Group, At, Len(Code)) =
+// Code, a piece cut short by the group's end being no match.
+bool HasAt(QStringView group, qsizetype at, QStringView code) {
+    return at - 1 + code.size() <= group.size() && Same(group.sliced(at - 1, code.size()), code);
+}
+
 // True when Code stands anywhere in Group (the "contains" test). Groups are a few characters
 // long, so a plain scan beats any clever search.
 bool Contains(QStringView group, QStringView code) {
     const qsizetype n = code.size();
     for (qsizetype i = 0; i + n <= group.size(); ++i) {
-        if (group[i] == code[0] && group.sliced(i, n) == code) return true;
+        if (group[i] != code[0]) continue;
+        qsizetype k = 1;
+        while (k < n && group[i + k] == code[k]) ++k;
+        if (k == n) return true;
     }
     return false;
 }
@@ -124,9 +145,11 @@ struct Run {
         // Every single blank separates: two blanks in a row give an empty group, and line breaks
         // are no separators, so they stay inside their group.
         qsizetype start = 0;
-        for (qsizetype at = text.indexOf(u' '); at >= 0; at = text.indexOf(u' ', start)) {
-            groups.append(text.sliced(start, at - start));
-            start = at + 1;
+        for (qsizetype at = 0; at < text.size(); ++at) {
+            if (text[at] == u' ') {
+                groups.append(text.sliced(start, at - start));
+                start = at + 1;
+            }
         }
         groups.append(text.sliced(start));
     }
@@ -168,9 +191,11 @@ Fallible<QString> HeureText(QStringView g) {
 void Heure(Run& run, QStringView g) {
     // Only the day comes from the message; month and year are today's. A message of the last day
     // of a month decoded on the first of the next is therefore dated in the new month: settled.
-    const QDate today = run.clock.Now().date();
-    run.b.DateReleve =
-        Joined({Mid(g, 1, 2), u"/", Digits(today.month(), 2).View(), u"/", Digits(today.year(), 1).View()});
+    // The calendar is worked out once for both.
+    int year = 0;
+    int month = 0;
+    run.clock.Now().date().getDate(&year, &month, nullptr);
+    run.b.DateReleve = Joined({Mid(g, 1, 2), u"/", Digits(month, 2).View(), u"/", Digits(year, 1).View()});
     run.step.Set(run.b.HeureReleve, HeureText(g));
     run.etape = Etape::Zefir;
 }
@@ -186,12 +211,12 @@ void SteadyWind(Run& run, QStringView g) {
 // characters 4-5, so a three-digit speed is misread: deliberate, the stored rows carry it.
 void Zefir(Run& run, QStringView g) {
     Bulletin& b = run.b;
-    if (Mid(g, 4, 1) == u"V" && g.size() == 7) {
+    if (HasAt(g, 4, u"V") && g.size() == 7) {
         // Shifting sector, 200V260: it closes the wind.
         run.step.Set(b.Secteur1, CIntOf(Mid(g, 1, 3)));
         run.step.Set(b.Secteur2, CIntOf(Mid(g, 5, 3)));
         run.etape = Etape::Visibilite;
-    } else if (Mid(g, 1, 3) == u"VRB") {
+    } else if (HasAt(g, 1, u"VRB")) {
         // Variable wind: the speed is kept negated to mark it as an upper bound. Any other length
         // than 7 (VRB03MPS) sets the flag and no speed.
         b.ZefirVariable = -1;
@@ -202,9 +227,9 @@ void Zefir(Run& run, QStringView g) {
         run.step.Set(b.ForceNoeuds, CIntOf(Mid(g, 4, 2)));
         b.OrientationDegre = Mid(g, 1, 3).toString();
         run.step.Set(b.ForceRafale, CIntOf(Mid(g, 7, 2)));
-    } else if (Mid(g, 6, 2) == u"KT") {
+    } else if (HasAt(g, 6, u"KT")) {
         SteadyWind(run, g);
-    } else if (Mid(g, 6, 3) == u"MPS") {
+    } else if (HasAt(g, 6, u"MPS")) {
         // The knots equivalent is worked out with the first product in 16 bits, so it overflows
         // (and the step is dropped) from 10 m/s up, and nothing reads it: ForceNoeuds takes the
         // bare figure in metres per second. Deliberate; every reader of the field lives with it.
@@ -219,7 +244,7 @@ void Zefir(Run& run, QStringView g) {
 }
 
 void Visibilite(Run& run, QStringView g) {
-    if (g == u"CAVOK") {
+    if (Same(g, u"CAVOK")) {
         // The misspelled "then" is the stored text. CAVOK jumps over runway, weather and sky.
         run.b.Visibilite = QStringLiteral("Visibility greater then 10 Km");
         run.etape = Etape::Temperature;
@@ -238,7 +263,7 @@ void Visibilite(Run& run, QStringView g) {
 
 // Runway visual range is recognised only to be skipped, and only one group of it.
 void Rvr(Run& run, QStringView g) {
-    if (Mid(g, 1, 1) == u"R" && g.size() > 3 && IsNumeric(Mid(g, 2, 2)))
+    if (HasAt(g, 1, u"R") && g.size() > 3 && IsNumeric(Mid(g, 2, 2)))
         run.etape = Etape::TempsPresent;
     else
         run.HandOn(Etape::TempsPresent);
@@ -270,12 +295,11 @@ constexpr std::array<WeatherCode, 12> kWeather{{
 
 void TempsPresent(Run& run, QStringView g) {
     for (const WeatherCode& w : kWeather) {
-        if (w.equals ? g == w.code : Contains(g, w.code)) {
+        if (w.equals ? Same(g, w.code) : Contains(g, w.code)) {
             run.temps.Append(w.phrase);
             if (w.intensity) {
                 // No sign counts as moderate, even for codes that never carry an intensity (FG).
-                const QStringView sign = Mid(g, 1, 1);
-                run.temps.Append(sign == u"+" ? u" Heavy" : sign == u"-" ? u" Light" : u" Moderate");
+                run.temps.Append(HasAt(g, 1, u"+") ? u" Heavy" : HasAt(g, 1, u"-") ? u" Light" : u" Moderate");
             }
             return;
         }
@@ -299,18 +323,17 @@ void Couche(Run& run, QStringView phrase, QStringView g) {
 }
 
 void Nuage(Run& run, QStringView g) {
-    const QStringView layer = Mid(g, 1, 3);
     // The blanks are part of the phrases: one before the height in the first two layers, two in
     // the last two. "covererd" and "feets" are the stored words.
-    if (g == u"SKC" || g == u"NSC" || g == u"CLR" || g == u"CAVOK") {
+    if (Same(g, u"SKC") || Same(g, u"NSC") || Same(g, u"CLR") || Same(g, u"CAVOK")) {
         run.nuage.Append(u" Clear Sky");
-    } else if (layer == u"OVC") {
+    } else if (HasAt(g, 1, u"OVC")) {
         Couche(run, u" Sky covererd at ", g);
-    } else if (layer == u"SCT") {
+    } else if (HasAt(g, 1, u"SCT")) {
         Couche(run, u" Scattered clouds at ", g);
-    } else if (layer == u"BKN") {
+    } else if (HasAt(g, 1, u"BKN")) {
         Couche(run, u" Broken clouds at  ", g);
-    } else if (layer == u"FEW") {
+    } else if (HasAt(g, 1, u"FEW")) {
         Couche(run, u" A few clouds at  ", g);
     } else {
         run.HandOn(Etape::Temperature);  // VV with digits too: it isn't a sky form here
@@ -320,7 +343,7 @@ void Nuage(Run& run, QStringView g) {
 // Only the air temperature; the dew point behind "/" is ignored. The group is used up whether
 // its number could be read or not.
 void Temperature(Run& run, QStringView g) {
-    if (Mid(g, 1, 1) == u"M")
+    if (HasAt(g, 1, u"M"))
         run.step.Set(run.b.Temperature, CIntOf(Mid(g, 2, 2)).Then(Negated));
     else
         run.step.Set(run.b.Temperature, CIntOf(Mid(g, 1, 2)));

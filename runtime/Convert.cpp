@@ -1,6 +1,11 @@
 #include "Convert.h"
 
+#include <QVarLengthArray>
+
+#include <algorithm>
+#include <charconv>
 #include <cmath>
+#include <cstdio>
 #include <limits>
 
 namespace skelda {
@@ -12,36 +17,37 @@ namespace {
 bool IsBlank(QChar c) { return c == u' ' || c == u'\t' || c == u'\r' || c == u'\n'; }
 bool IsDigit(QChar c) { return c >= u'0' && c <= u'9'; }
 
-// Parses the number of a text by hand: the common case (a few plain digits) must stay cheap,
-// since the decoder converts several groups of every report.
-bool Parse(QStringView text, double& out) {
+// Where the parts of a number stand in its text. The scan is done by hand: the common case (a
+// few plain digits) must stay cheap, since the decoder converts several groups of every report.
+struct NumberText {
+    bool negative = false;
+    QStringView whole;     // the digits before the "." (maybe none)
+    QStringView fraction;  // the digits after it (maybe none)
+    int exponent = 0;      // held within +-kExponentLimit, far beyond any double
+};
+
+// An exponent larger than this gives infinity or zero whatever the digits, so counting further
+// would only risk overflowing the int.
+constexpr int kExponentLimit = 100000;
+
+bool Scan(QStringView text, NumberText& number) {
     qsizetype i = 0;
     const qsizetype n = text.size();
+    auto digitsFrom = [&](qsizetype from) {
+        while (i < n && IsDigit(text[i])) ++i;
+        return text.sliced(from, i - from);
+    };
     while (i < n && IsBlank(text[i])) ++i;
-    bool negative = false;
     if (i < n && (text[i] == u'+' || text[i] == u'-')) {
-        negative = text[i] == u'-';
+        number.negative = text[i] == u'-';
         ++i;
     }
-    double mantissa = 0;
-    int digits = 0;
-    int fractionDigits = 0;
-    while (i < n && IsDigit(text[i])) {
-        mantissa = mantissa * 10 + (text[i].unicode() - u'0');
-        ++digits;
-        ++i;
-    }
+    number.whole = digitsFrom(i);
     if (i < n && text[i] == u'.') {
         ++i;
-        while (i < n && IsDigit(text[i])) {
-            mantissa = mantissa * 10 + (text[i].unicode() - u'0');
-            ++digits;
-            ++fractionDigits;
-            ++i;
-        }
+        number.fraction = digitsFrom(i);
     }
-    if (digits == 0) return false;
-    int exponent = 0;
+    if (number.whole.isEmpty() && number.fraction.isEmpty()) return false;
     if (i < n && (text[i] == u'E' || text[i] == u'e')) {
         ++i;
         bool expNegative = false;
@@ -49,22 +55,58 @@ bool Parse(QStringView text, double& out) {
             expNegative = text[i] == u'-';
             ++i;
         }
-        int expDigits = 0;
-        while (i < n && IsDigit(text[i])) {
-            if (exponent < 10000) exponent = exponent * 10 + (text[i].unicode() - u'0');
-            ++expDigits;
-            ++i;
-        }
-        if (expDigits == 0) return false;
-        if (expNegative) exponent = -exponent;
+        const QStringView digits = digitsFrom(i);
+        if (digits.isEmpty()) return false;
+        for (QChar c : digits) number.exponent = std::min(number.exponent * 10 + (c.unicode() - u'0'), kExponentLimit);
+        if (expNegative) number.exponent = -number.exponent;
     }
     while (i < n && IsBlank(text[i])) ++i;
-    if (i != n) return false;
-    const int scale = exponent - fractionDigits;
-    double value = mantissa;
-    if (scale != 0) value = mantissa * std::pow(10.0, scale);
-    out = negative ? -value : value;
-    return true;
+    return i == n;
+}
+
+// The power of ten of the leading digit's place plus one: 0 for 0.5, 3 for 123. Only asked of a
+// number too large or too small for a double, to tell the two apart.
+qsizetype Magnitude(const NumberText& number) {
+    qsizetype place = number.whole.size();
+    for (QStringView digits : {number.whole, number.fraction}) {
+        for (QChar c : digits) {
+            if (c != u'0') return place + number.exponent;
+            --place;
+        }
+    }
+    return 0;
+}
+
+// The double nearest to the number, as the C++ library rounds it (correctly, whatever the
+// locale); Overflow beyond the largest double. A number too small for the smallest one gives a
+// zero of its sign.
+Fallible<double> ValueOf(const NumberText& number) {
+    // Up to 15 plain digits are exact in a double: no rounding to do.
+    if (number.fraction.isEmpty() && number.exponent == 0 && number.whole.size() <= 15) {
+        double v = 0;
+        for (QChar c : number.whole) v = v * 10 + (c.unicode() - u'0');
+        return number.negative ? -v : v;
+    }
+    QVarLengthArray<char, 64> ascii;
+    if (number.negative) ascii.append('-');
+    if (number.whole.isEmpty()) ascii.append('0');
+    for (QChar c : number.whole) ascii.append(char(c.unicode()));
+    if (!number.fraction.isEmpty()) {
+        ascii.append('.');
+        for (QChar c : number.fraction) ascii.append(char(c.unicode()));
+    }
+    if (number.exponent != 0) {
+        char exponent[16];
+        const int size = std::snprintf(exponent, sizeof exponent, "e%d", number.exponent);
+        ascii.append(exponent, size);
+    }
+    double v = 0;
+    const auto [end, error] = std::from_chars(ascii.cbegin(), ascii.cend(), v);
+    if (error == std::errc::result_out_of_range) {
+        if (Magnitude(number) > 0) return Fallible<double>::Failed(Overflow);
+        return number.negative ? -0.0 : 0.0;
+    }
+    return v;
 }
 
 template <class T>
@@ -93,16 +135,16 @@ bool SmallDigits(QStringView text, int& out) {
 double RoundHalfEven(double value) { return std::nearbyint(value); }
 
 Fallible<double> CDblOf(QStringView text) {
-    double v = 0;
-    if (!Parse(text, v)) return Fallible<double>::Failed(TypeMismatch);
-    return v;
+    NumberText number;
+    if (!Scan(text, number)) return Fallible<double>::Failed(TypeMismatch);
+    return ValueOf(number);
 }
 
 double CDbl(QStringView text) { return CDblOf(text).Value(); }
 
 bool IsNumeric(QStringView text) {
-    double v = 0;
-    return Parse(text, v);
+    NumberText number;
+    return Scan(text, number);
 }
 
 Fallible<int16_t> CIntOf(double value) { return RoundTo<int16_t>(value); }
@@ -110,9 +152,7 @@ Fallible<int16_t> CIntOf(double value) { return RoundTo<int16_t>(value); }
 Fallible<int16_t> CIntOf(QStringView text) {
     int small = 0;
     if (SmallDigits(text, small)) return static_cast<int16_t>(small);
-    double v = 0;
-    if (!Parse(text, v)) return Fallible<int16_t>::Failed(TypeMismatch);
-    return RoundTo<int16_t>(v);
+    return CDblOf(text).Then(RoundTo<int16_t>);
 }
 
 int16_t CInt(double value) { return CIntOf(value).Value(); }
@@ -120,11 +160,7 @@ int16_t CInt(QStringView text) { return CIntOf(text).Value(); }
 
 Fallible<int32_t> CLngOf(double value) { return RoundTo<int32_t>(value); }
 
-Fallible<int32_t> CLngOf(QStringView text) {
-    double v = 0;
-    if (!Parse(text, v)) return Fallible<int32_t>::Failed(TypeMismatch);
-    return RoundTo<int32_t>(v);
-}
+Fallible<int32_t> CLngOf(QStringView text) { return CDblOf(text).Then(RoundTo<int32_t>); }
 
 int32_t CLng(double value) { return CLngOf(value).Value(); }
 int32_t CLng(QStringView text) { return CLngOf(text).Value(); }

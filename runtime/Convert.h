@@ -19,7 +19,9 @@
 
 namespace skelda {
 
-// The number a text holds, in double precision; Type mismatch when it holds none.
+// The number a text holds: the double nearest to it, whatever the machine's locale. Type mismatch
+// when it holds none; Overflow when it lies beyond the largest double; a number too small for the
+// smallest one gives a zero of its sign.
 Fallible<double> CDblOf(QStringView text);
 double CDbl(QStringView text);
 

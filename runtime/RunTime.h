@@ -74,18 +74,23 @@ void RaiseEvent(const std::function<void()>& Raise);
 // Connects Signal of Sender to Handler, run inside Guard whenever the signal comes. The handler
 // takes the signal's arguments, or none. Context ends the connection when it goes, as with
 // QObject::connect.
+// Calls Handler with the signal's arguments when it takes them, else with none. A function of its
+// own, so that the call without arguments is only compiled for a handler that takes none.
+template <class Handler, class... Args>
+void CallWithOrWithout(Handler& handler, Args&&... args) {
+    if constexpr (std::is_invocable_v<Handler&, Args...>)
+        handler(std::forward<Args>(args)...);
+    else
+        handler();
+}
+
 template <class Sender, class Signal, class Handler>
 QMetaObject::Connection On(RunTimeGuard& guard, const Sender* sender, Signal signal, const QObject* context,
                            Handler handler) {
-    return QObject::connect(sender, signal, context,
-                            [&guard, handler = std::move(handler)](auto&&... args) mutable -> void {
-                                guard.Handle([&] {
-                                    if constexpr (std::is_invocable_v<Handler&, decltype(args)...>)
-                                        handler(std::forward<decltype(args)>(args)...);
-                                    else
-                                        handler();
-                                });
-                            });
+    return QObject::connect(
+        sender, signal, context, [&guard, handler = std::move(handler)](auto&&... args) mutable -> void {
+            guard.Handle([&] { CallWithOrWithout(handler, std::forward<decltype(args)>(args)...); });
+        });
 }
 
 }  // namespace skelda

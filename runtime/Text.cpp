@@ -4,14 +4,7 @@
 
 namespace skelda {
 
-QStringView Mid(QStringView text, qsizetype start, qsizetype length) {
-    if (start < 1) throw RuntimeError(InvalidProcedureCall);
-    if (length < -1) throw RuntimeError(InvalidProcedureCall);
-    if (start > text.size()) return {};
-    const qsizetype available = text.size() - (start - 1);
-    if (length == -1 || length > available) length = available;
-    return text.sliced(start - 1, length);
-}
+void ThrowInvalidProcedureCall() { throw RuntimeError(InvalidProcedureCall); }
 
 QStringView Left(QStringView text, qsizetype length) {
     if (length < 0) throw RuntimeError(InvalidProcedureCall);

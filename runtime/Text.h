@@ -12,8 +12,18 @@
 
 namespace skelda {
 
-// Characters from Start (counted from 1), Length of them or all the rest.
-QStringView Mid(QStringView text, qsizetype start, qsizetype length = -1);
+// Throws the RuntimeError of a start below 1 or a negative length.
+[[noreturn]] void ThrowInvalidProcedureCall();
+
+// Characters from Start (counted from 1), Length of them or all the rest. Defined here so that
+// the decoder's many fixed-position reads compile to a few instructions each.
+inline QStringView Mid(QStringView text, qsizetype start, qsizetype length = -1) {
+    if (start < 1 || length < -1) ThrowInvalidProcedureCall();
+    if (start > text.size()) return {};
+    const qsizetype available = text.size() - (start - 1);
+    if (length == -1 || length > available) length = available;
+    return text.sliced(start - 1, length);
+}
 QStringView Left(QStringView text, qsizetype length);
 QStringView Right(QStringView text, qsizetype length);
 

@@ -1,6 +1,7 @@
 // Skelda on a real desktop: the notification icon in an X11 notification area, read press and
 // release apart on the icon's own window, and the main window's place in the screen's bottom right
 // corner with the frame that the window manager gives it.
+#include <QPointer>
 #include <QScreen>
 #include <QTimer>
 #include <QWindow>
@@ -30,6 +31,13 @@ protected:
         return tray;
     }
 
+    // The icon's window as it stands now, waited for: the desktop may make it again at any time
+    // (a notification area that announces itself once more), and the icon takes the new one.
+    static QWidget* IconWindow(FrmIcone& tray) {
+        QTest::qWaitFor([&] { return tray.Icone->Window() != nullptr && tray.Icone->Window()->isVisible(); }, 5000);
+        return tray.Icone->Window();
+    }
+
     // Closes the menu whenever it comes up, and counts how often it did.
     void CloseTheMenuWhenItComes(FrmIcone& tray) {
         QObject::connect(&menuWatch, &QTimer::timeout, &menuWatch, [this, &tray] {
@@ -50,13 +58,14 @@ TEST_F(RealTray, TheIconStandsInTheNotificationAreaWithItsTipAndReadsItsOwnWindo
     EXPECT_TRUE(tray.Icone->isVisible());
     EXPECT_EQ(tray.Icone->toolTip(), QStringLiteral("Skelda"));
     ASSERT_TRUE(tray.Icone->ReadsItsWindow());
-    EXPECT_TRUE(tray.Icone->Window()->inherits("QSystemTrayIconSys"));
+    ASSERT_NE(IconWindow(tray), nullptr);
+    EXPECT_TRUE(IconWindow(tray)->inherits("QSystemTrayIconSys"));
 }
 
 TEST_F(RealTray, ARightPressOnTheIconDoesNothingUntilItsReleasePopsUpTheMenu) {
     FrmIcone& tray = TrayWithIcon();
     ASSERT_NE(tray.Icone, nullptr);
-    QWidget* icone = tray.Icone->Window();
+    QWidget* icone = IconWindow(tray);
     ASSERT_NE(icone, nullptr);
     CloseTheMenuWhenItComes(tray);
     const QPoint centre = icone->rect().center();
@@ -66,6 +75,8 @@ TEST_F(RealTray, ARightPressOnTheIconDoesNothingUntilItsReleasePopsUpTheMenu) {
     EXPECT_EQ(menusShown, 0);
     EXPECT_FALSE(tray.Menu->isVisible());
 
+    icone = IconWindow(tray);
+    ASSERT_NE(icone, nullptr);
     QTest::mouseRelease(icone, Qt::RightButton, Qt::NoModifier, centre);
     ASSERT_TRUE(QTest::qWaitFor([&] { return menusShown == 1; }, 5000));
     EXPECT_EQ(tray.MessageSouris, MsgRightUp);
@@ -75,7 +86,7 @@ TEST_F(RealTray, ARightPressOnTheIconDoesNothingUntilItsReleasePopsUpTheMenu) {
 TEST_F(RealTray, ALeftDoubleClickOnTheIconShowsForm1AndALeftClickDoesNothing) {
     FrmIcone& tray = TrayWithIcon();
     ASSERT_NE(tray.Icone, nullptr);
-    QWidget* icone = tray.Icone->Window();
+    QWidget* icone = IconWindow(tray);
     ASSERT_NE(icone, nullptr);
     CloseTheMenuWhenItComes(tray);
     const QPoint centre = icone->rect().center();
@@ -84,6 +95,8 @@ TEST_F(RealTray, ALeftDoubleClickOnTheIconShowsForm1AndALeftClickDoesNothing) {
     ASSERT_TRUE(QTest::qWaitFor([&] { return tray.MessageSouris == MsgLeftUp; }, 5000));
     EXPECT_FALSE(Form().isVisible());
 
+    icone = IconWindow(tray);
+    ASSERT_NE(icone, nullptr);
     QTest::mouseDClick(icone, Qt::LeftButton, Qt::NoModifier, centre);
     ASSERT_TRUE(QTest::qWaitFor([&] { return Form().isVisible(); }, 5000));
     EXPECT_EQ(Form().Tag, QStringLiteral("VISIBLE"));
@@ -93,7 +106,7 @@ TEST_F(RealTray, ALeftDoubleClickOnTheIconShowsForm1AndALeftClickDoesNothing) {
 TEST_F(RealTray, APointerMovingOverTheIconIsMessage512AndIgnored) {
     FrmIcone& tray = TrayWithIcon();
     ASSERT_NE(tray.Icone, nullptr);
-    QWidget* icone = tray.Icone->Window();
+    QWidget* icone = IconWindow(tray);
     ASSERT_NE(icone, nullptr);
     QMouseEvent move(QEvent::MouseMove, QPointF(icone->rect().center()),
                      icone->mapToGlobal(QPointF(icone->rect().center())), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
@@ -123,6 +136,29 @@ TEST_F(RealTray, QuitTakesTheIconAndItsWindowAwayAndEndsTheProcess) {
     EXPECT_FALSE(tray.Icone->isVisible());
     EXPECT_TRUE(QTest::qWaitFor([&] { return tray.Icone->Window() == nullptr; }, 5000));
     EXPECT_EQ(LogCount(QStringLiteral("Skelda Terminated")), 1);
+}
+
+TEST_F(RealTray, AWindowMadeAgainForTheIconIsReadInItsTurn) {
+    FrmIcone& tray = TrayWithIcon();
+    ASSERT_NE(tray.Icone, nullptr);
+    QPointer<QWidget> ancienne = tray.Icone->Window();
+    ASSERT_FALSE(ancienne.isNull());
+    // Hidden and shown again by Qt itself, as when the notification area changes: Qt deletes the
+    // icon's window and makes another.
+    tray.Icone->hide();
+    tray.Icone->show();
+    ASSERT_TRUE(QTest::qWaitFor(
+        [&] { return ancienne.isNull() && tray.Icone->Window() != nullptr && tray.Icone->Window()->isVisible(); },
+        5000));
+    CloseTheMenuWhenItComes(tray);
+    QWidget* icone = IconWindow(tray);
+    ASSERT_NE(icone, nullptr);
+    const QPoint centre = icone->rect().center();
+    QTest::mousePress(icone, Qt::RightButton, Qt::NoModifier, centre);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return tray.MessageSouris == MsgRightDown; }, 5000));
+    EXPECT_EQ(menusShown, 0);
+    QTest::mouseRelease(IconWindow(tray), Qt::RightButton, Qt::NoModifier, centre);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return menusShown == 1; }, 5000));
 }
 
 // ---- The main window's place

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 using namespace skelda;
 
 TEST(Convert, HalvesGoToTheEvenNeighbour) {
@@ -127,4 +129,48 @@ TEST(Convert, LineEndsAroundANumberCountAsBlanks) {
     EXPECT_EQ(CInt(u"\t7"), 7);
     EXPECT_EQ(CIntOf(u"\n").Error(), TypeMismatch);
     EXPECT_EQ(CIntOf(u"10\n15").Error(), TypeMismatch);
+}
+
+// A decimal text gives the double nearest to it, to the last bit: 0.009 is not 9 times 0.001.
+TEST(Convert, ThreeDecimalTextsGiveTheNearestDouble) {
+    EXPECT_EQ(CDbl(u"0.009"), 0.009);
+    EXPECT_EQ(CDbl(u"0.013"), 0.013);
+    EXPECT_EQ(CDbl(u"0.071"), 0.071);
+    EXPECT_EQ(CDbl(u"0.103"), 0.103);
+    EXPECT_EQ(CDbl(u"-0.087"), -0.087);
+    EXPECT_EQ(CDbl(u" 1.013 "), 1.013);
+    EXPECT_EQ(CDbl(u"29.921"), 29.921);
+    EXPECT_EQ(CDbl(u"9E-3"), 0.009);
+    EXPECT_EQ(CDbl(u"123456789012345678"), 123456789012345678.0);
+}
+
+TEST(Convert, TheDecimalSeparatorIsAlwaysTheFullStop) {
+    EXPECT_EQ(CDbl(u"5."), 5.0);
+    EXPECT_EQ(CDbl(u"+.25"), 0.25);
+    EXPECT_EQ(CDblOf(u"0,5").Error(), TypeMismatch);
+    EXPECT_EQ(CDblOf(u"1.2.3").Error(), TypeMismatch);
+    EXPECT_EQ(CDblOf(u"1e").Error(), TypeMismatch);
+}
+
+TEST(Convert, ANumberBeyondTheLargestDoubleIsAnOverflow) {
+    EXPECT_EQ(CDblOf(u"1e400").Error(), Overflow);
+    EXPECT_EQ(CDblOf(u"-1E400").Error(), Overflow);
+    EXPECT_EQ(CDblOf(u"0.0001e99999999999").Error(), Overflow);
+    EXPECT_EQ(CIntOf(u"1e400").Error(), Overflow);
+    EXPECT_EQ(CDbl(u"1.7976931348623157e308"), 1.7976931348623157e308);
+    try {
+        CDbl(u"1e400");
+        FAIL() << "no overflow";
+    } catch (const RuntimeError& e) {
+        EXPECT_EQ(e.Number(), 6);
+    }
+}
+
+TEST(Convert, ANumberBelowTheSmallestDoubleIsAZeroOfItsSign) {
+    EXPECT_EQ(CDbl(u"1e-400"), 0.0);
+    EXPECT_FALSE(std::signbit(CDbl(u"1e-400")));
+    EXPECT_EQ(CDbl(u"-1e-400"), 0.0);
+    EXPECT_TRUE(std::signbit(CDbl(u"-1e-400")));
+    EXPECT_EQ(CDbl(u"0e400"), 0.0);
+    EXPECT_EQ(CDbl(u"4.9e-324"), 4.9e-324);
 }
