@@ -17,6 +17,12 @@ namespace skelda {
 
 inline constexpr int TwipsPerPixel = 15;
 
+// The name of one element of a control array, "Jour(12)": the object name under which it is
+// found, as the form designer named it.
+inline QString Indexed(const char* name, int index) {
+    return QStringLiteral("%1(%2)").arg(QLatin1String(name)).arg(index);
+}
+
 // Twip geometry of any widget, relative to its parent.
 double LeftOf(const QWidget* w);
 double TopOf(const QWidget* w);

@@ -38,8 +38,6 @@ constexpr double GridRight = 10983;
 constexpr double SlotLeft = 2340;  // left of slot 0, of hour 0
 constexpr double SlotStep = 180;   // one half hour
 
-QString Indexed(const char* name, int index) { return QStringLiteral("%1(%2)").arg(QLatin1String(name)).arg(index); }
-
 void SetTextColour(QWidget* w, Color colour) {
     QPalette p = w->palette();
     p.setColor(QPalette::WindowText, ToQColor(colour));

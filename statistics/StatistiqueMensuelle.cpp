@@ -29,8 +29,6 @@ constexpr Color Red = RGB(255, 0, 0);
 constexpr Color Navy = RGB(0, 0, 128);
 constexpr Color Olive = RGB(128, 128, 0);
 
-QString Indexed(const char* name, int index) { return QStringLiteral("%1(%2)").arg(QLatin1String(name)).arg(index); }
-
 // A colour of a control: its text (WindowText) or its own background (Window), which a label
 // shows only when it isn't transparent.
 void SetColour(QWidget* w, QPalette::ColorRole role, Color colour) {

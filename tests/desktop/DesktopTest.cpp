@@ -34,7 +34,8 @@ protected:
     // The icon's window as it stands now, waited for: the desktop may make it again at any time
     // (a notification area that announces itself once more), and the icon takes the new one.
     static QWidget* IconWindow(FrmIcone& tray) {
-        QTest::qWaitFor([&] { return tray.Icone->Window() != nullptr && tray.Icone->Window()->isVisible(); }, 5000);
+        (void)QTest::qWaitFor([&] { return tray.Icone->Window() != nullptr && tray.Icone->Window()->isVisible(); },
+                              5000);
         return tray.Icone->Window();
     }
 
