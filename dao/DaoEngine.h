@@ -68,6 +68,8 @@ struct Connection {
     // The table or view of that name, in any case; 3078 when there's none.
     const SchemaObject& Object(const QString& name) const;
     std::shared_ptr<const TableInfo> Table(const QString& name);
+    // True when an index of the table, a whole one, has the column as its first.
+    bool HasIndexLeadingWith(const QString& table, const QString& column);
 
 private:
     void LoadObjects();

@@ -4,6 +4,8 @@
 
 #include <QFile>
 #include <QHash>
+#include <QRegularExpression>
+#include <QSet>
 #include <QStringList>
 #include <memory>
 
@@ -145,7 +147,106 @@ bool Build(const QString& path, const QString& schemaSql, const QList<SeedAirpor
            InsertAirports(raw, airports, error) && Run(raw, QStringLiteral("COMMIT"), error);
 }
 
+// One object of a schema as sqlite_master lists it.
+struct SchemaEntry {
+    QString type;  // "index" or "view"
+    QString name;
+    QString sql;
+};
+
+// The indexes and views that have an SQL text of their own (not those made for a UNIQUE column).
+bool Entries(sqlite3* db, QList<SchemaEntry>& entries, QString* error) {
+    static const char sql[] =
+        "SELECT type, name, sql FROM sqlite_master WHERE type IN ('index', 'view') AND sql IS NOT NULL";
+    sqlite3_stmt* raw = nullptr;
+    if (sqlite3_prepare_v2(db, sql, -1, &raw, nullptr) != SQLITE_OK)
+        return Failed(error, QString::fromUtf8(sqlite3_errmsg(db)));
+    const std::unique_ptr<sqlite3_stmt, FinalizeStatement> list(raw);
+    const auto text = [raw](int column) {
+        return QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(raw, column)));
+    };
+    while (sqlite3_step(raw) == SQLITE_ROW) entries << SchemaEntry{text(0), text(1), text(2)};
+    return true;
+}
+
+int UserVersion(sqlite3* db) {
+    sqlite3_stmt* raw = nullptr;
+    if (sqlite3_prepare_v2(db, "PRAGMA user_version", -1, &raw, nullptr) != SQLITE_OK) return -1;
+    const std::unique_ptr<sqlite3_stmt, FinalizeStatement> pragma(raw);
+    return sqlite3_step(raw) == SQLITE_ROW ? sqlite3_column_int(raw, 0) : -1;
+}
+
+QString Quoted(const QString& name) { return u'"' + QString(name).replace(u'"', QStringLiteral("\"\"")) + u'"'; }
+
+// The schema's own indexes and views, read from a copy of it made in memory.
+bool SchemaEntries(const QString& schemaSql, QList<SchemaEntry>& entries, QString* error) {
+    sqlite3* raw = nullptr;
+    sqlite3_open_v2(":memory:", &raw, SQLITE_OPEN_READWRITE, nullptr);
+    const Handle memory(raw);
+    return raw && Run(raw, schemaSql, error) && Entries(raw, entries, error);
+}
+
+// The steps of an upgrade, inside its transaction. A unique index that the rows already in the
+// file break is left out, with the older indexes that it was to replace.
+bool ApplySchema(sqlite3* db, const QList<SchemaEntry>& wanted, int version, bool& keptRepeats, QString* error) {
+    QList<SchemaEntry> present;
+    if (!Entries(db, present, error)) return false;
+    QSet<QString> presentNames, wantedNames;
+    for (const SchemaEntry& entry : present) presentNames << entry.name.toLower();
+    for (const SchemaEntry& entry : wanted) wantedNames << entry.name.toLower();
+    keptRepeats = false;
+    for (const SchemaEntry& entry : wanted) {
+        if (entry.type == u"view") {
+            if (!Run(db, QStringLiteral("DROP VIEW IF EXISTS %1").arg(Quoted(entry.name)), error) ||
+                !Run(db, entry.sql, error))
+                return false;
+        } else if (!presentNames.contains(entry.name.toLower()) && !Run(db, entry.sql, error)) {
+            if (sqlite3_errcode(db) != SQLITE_CONSTRAINT) return false;
+            keptRepeats = true;
+        }
+    }
+    for (const SchemaEntry& entry : present)
+        if (entry.type == u"index" && !wantedNames.contains(entry.name.toLower()) && !keptRepeats &&
+            !Run(db, QStringLiteral("DROP INDEX %1").arg(Quoted(entry.name)), error))
+            return false;
+    return Run(db, QStringLiteral("PRAGMA user_version = %1").arg(version), error);
+}
+
 }  // namespace
+
+int SchemaVersion(const QString& schemaSql) {
+    static const QRegularExpression pragma(QStringLiteral(R"(PRAGMA\s+user_version\s*=\s*(\d+))"),
+                                           QRegularExpression::CaseInsensitiveOption);
+    const QRegularExpressionMatch match = pragma.match(schemaSql);
+    return match.hasMatch() ? match.captured(1).toInt() : 0;
+}
+
+Upgrade UpgradeDatabase(const QString& path, const QString& schemaSql, QString* error) {
+    sqlite3* raw = nullptr;
+    const int code = sqlite3_open_v2(path.toUtf8().constData(), &raw, SQLITE_OPEN_READWRITE, nullptr);
+    const Handle db(raw);
+    if (code != SQLITE_OK) {
+        Failed(error, raw ? QString::fromUtf8(sqlite3_errmsg(raw)) : QStringLiteral("can't open %1").arg(path));
+        return Upgrade::Failed;
+    }
+    sqlite3_busy_timeout(raw, 2000);
+    const int version = SchemaVersion(schemaSql);
+    const int current = UserVersion(raw);
+    if (current < 0) {
+        Failed(error, QString::fromUtf8(sqlite3_errmsg(raw)));
+        return Upgrade::Failed;
+    }
+    if (current >= version) return Upgrade::UpToDate;
+    QList<SchemaEntry> wanted;
+    bool keptRepeats = false;
+    if (!SchemaEntries(schemaSql, wanted, error) || !Run(raw, QStringLiteral("BEGIN IMMEDIATE"), error))
+        return Upgrade::Failed;
+    if (!ApplySchema(raw, wanted, version, keptRepeats, error) || !Run(raw, QStringLiteral("COMMIT"), error)) {
+        sqlite3_exec(raw, "ROLLBACK", nullptr, nullptr, nullptr);
+        return Upgrade::Failed;
+    }
+    return keptRepeats ? Upgrade::KeptOldRepeats : Upgrade::Upgraded;
+}
 
 QString DatabaseSchema() {
     QFile file(QStringLiteral(":/skelda/database/schema.sql"));

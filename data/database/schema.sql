@@ -41,14 +41,21 @@ CREATE TABLE "Zefir" (
 );
 
 -- An observation is its airport, day and time: the same report fetched twice is refused (the
--- program counts on that refusal as its only duplicate check). This index also serves the day
--- chart, which reads one airport's day in time order.
-CREATE UNIQUE INDEX "Relevé" ON "Zefir" ("NumAéroport", "daterelevé", "heurerelevé");
+-- program counts on that refusal as its only duplicate check). A typed observation has no airport
+-- number but its place, so the place is part of the key too. A column left Null (a station code
+-- the lookup couldn't resolve, a date or time that couldn't be read) counts as a value here, equal
+-- to itself, so that the same unreadable report stored twice is refused like any other: a plain
+-- unique index would take every Null for a new value. x'' stands for Null because no column of
+-- the key ever holds a blob.
+CREATE UNIQUE INDEX "Relevé unique" ON "Zefir" (
+    ifnull("NumAéroport", x''),
+    ifnull("lieu", x''),
+    ifnull("daterelevé", x''),
+    ifnull("heurerelevé", x'')
+);
 
--- A typed observation has no airport number but its place. Null never repeats a unique key, so
--- the same rule is kept for typed rows by the place, on those rows alone.
-CREATE UNIQUE INDEX "Relevé saisi" ON "Zefir" ("lieu", "daterelevé", "heurerelevé")
-    WHERE "NumAéroport" IS NULL;
+-- The day chart reads one airport's day in time order.
+CREATE INDEX "Relevé" ON "Zefir" ("NumAéroport", "daterelevé", "heurerelevé");
 
 -- The list of days: every distinct day, in order, read from the index alone.
 CREATE INDEX "Jours" ON "Zefir" ("daterelevé");
@@ -64,16 +71,18 @@ CREATE INDEX "Mois" ON "Zefir" (
 );
 
 -- One row per airport and day: the day's mean and highest wind with the time and direction of
--- that peak, and the day's mean, highest and lowest temperature and pressure. The peak is the
--- first observation of the day at the day's highest speed. Typed rows belong to no airport and
--- are left out. Days come in ascending order.
+-- that peak, and the day's mean, highest and lowest temperature and pressure. A variable wind is
+-- stored with its speed negated, so the wind figures take the speed as a magnitude: 5 knots
+-- variable count as 5 knots in the mean and can be the peak. The peak is the first observation of
+-- the day at the day's highest speed. Typed rows belong to no airport and are left out. Days come
+-- in ascending order.
 CREATE VIEW "Heure de pointe selon zefir" AS
 SELECT jour."NumAéroport"  AS "numaéroport",
        jour."mois"         AS "mois",
        jour."annee"        AS "annee",
        jour."daterelevé"   AS "daterelevé",
        jour."zefirmoyen"   AS "zefirmoyen",
-       pointe."forcenoeuds" AS "zefirmaxi",
+       abs(pointe."forcenoeuds") AS "zefirmaxi",
        pointe."heurerelevé" AS "heuredepointe",
        CAST(pointe."orientationdegré" AS INTEGER) AS "Orientation",
        jour."tempmoyen"    AS "tempmoyen",
@@ -86,7 +95,7 @@ FROM (SELECT z."NumAéroport",
              CAST(substr(z."daterelevé", 6, 2) AS INTEGER) AS "mois",
              CAST(substr(z."daterelevé", 1, 4) AS INTEGER) AS "annee",
              z."daterelevé",
-             avg(z."forcenoeuds")  AS "zefirmoyen",
+             avg(abs(z."forcenoeuds")) AS "zefirmoyen",
              avg(z."température")  AS "tempmoyen",
              max(z."température")  AS "tempmaxi",
              min(z."température")  AS "tempmini",
@@ -99,6 +108,11 @@ FROM (SELECT z."NumAéroport",
 JOIN "Zefir" AS pointe
   ON pointe.rowid = (SELECT q.rowid FROM "Zefir" AS q
                      WHERE q."NumAéroport" = jour."NumAéroport" AND q."daterelevé" = jour."daterelevé"
-                     ORDER BY q."forcenoeuds" DESC, q."heurerelevé"
+                     ORDER BY abs(q."forcenoeuds") DESC, q."heurerelevé"
                      LIMIT 1)
 ORDER BY jour."NumAéroport", jour."daterelevé";
+
+-- The layout's version, so that a file made under an older one can be brought up to this one
+-- without losing a row. 2: Null in the observation's key counts as a value, and the wind of the
+-- day is taken as a magnitude.
+PRAGMA user_version = 2;
