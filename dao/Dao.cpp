@@ -207,8 +207,9 @@ void OpenTable(RecordsetState& state, const QString& name, bool writable) {
 }
 
 // The text to run for a query: the program's text in SQLite's dialect, with its text sorts in
-// French order. The distinct values of one indexed column (the list of days) are read by jumping
-// through the index, so that the time they take follows the number of values, not of rows.
+// French order. The distinct values of one column (the list of days) are read from the table that
+// the database keeps of them when the file has one, or else by jumping through an index of the
+// column, so that the time they take follows the number of values, not of rows.
 QString QueryText(RecordsetState& state, const QString& source, std::optional<int>& kindFromColumn) {
     Connection& connection = *state.connection;
     const QString single = SingleTableOf(source);
@@ -219,15 +220,23 @@ QString QueryText(RecordsetState& state, const QString& source, std::optional<in
         return column >= 0 && info->columns[size_t(column)].kind == ColumnKind::Text;
     };
     if (const std::optional<DistinctValues> distinct = DistinctValuesOf(source)) {
-        const SchemaObject& object = connection.Object(distinct->table);
-        if (!object.isView && connection.HasIndexLeadingWith(object.name, distinct->column)) {
-            const std::shared_ptr<const TableInfo> table = connection.Table(object.name);
-            kindFromColumn = table->byName.value(Key(distinct->column), -1);
-            if (*kindFromColumn >= 0) {
+        const SchemaObject* object = connection.Find(distinct->table);
+        const SchemaObject* values =
+            object ? connection.Find(DistinctValuesTable(object->name, distinct->column)) : nullptr;
+        if (object && !object->isView) {
+            const std::shared_ptr<const TableInfo> table = connection.Table(object->name);
+            const int column = table->byName.value(Key(distinct->column), -1);
+            const DistinctValues query{object->name, distinct->column, distinct->name};
+            if (column >= 0 && values && !values->isView) {
+                kindFromColumn = column;
                 state.table = table;
-                return DistinctValuesByJumps({object.name, distinct->column, distinct->name});
+                return DistinctValuesFromTable(query, values->name);
             }
-            kindFromColumn.reset();
+            if (column >= 0 && connection.HasIndexLeadingWith(object->name, distinct->column)) {
+                kindFromColumn = column;
+                state.table = table;
+                return DistinctValuesByJumps(query);
+            }
         }
     }
     return Translate(source, isText);

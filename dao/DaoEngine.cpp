@@ -124,10 +124,15 @@ void Connection::LoadObjects() {
     if (code != SQLITE_DONE) FailWith(sqlite3_extended_errcode(db));
 }
 
-const SchemaObject& Connection::Object(const QString& name) const {
+const SchemaObject* Connection::Find(const QString& name) const {
     // Names are matched without regard to case, accented letters included.
     for (const SchemaObject& object : objects)
-        if (object.name.compare(name, Qt::CaseInsensitive) == 0) return object;
+        if (object.name.compare(name, Qt::CaseInsensitive) == 0) return &object;
+    return nullptr;
+}
+
+const SchemaObject& Connection::Object(const QString& name) const {
+    if (const SchemaObject* object = Find(name)) return *object;
     TableNotFound(name);
 }
 

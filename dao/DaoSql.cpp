@@ -360,6 +360,13 @@ std::optional<DistinctValues> DistinctValuesOf(const QString& sql) {
     return DistinctValues{*from, *selected, *selected};
 }
 
+QString DistinctValuesTable(const QString& table, const QString& column) { return table + u'.' + column; }
+
+QString DistinctValuesFromTable(const DistinctValues& query, const QString& valuesTable) {
+    return QStringLiteral("SELECT nullif(\"valeur\", x'') AS %2 FROM %1 ORDER BY \"valeur\" = x'' DESC, \"valeur\"")
+        .arg(QuotedIdentifier(valuesTable), QuotedIdentifier(query.name));
+}
+
 QString DistinctValuesByJumps(const DistinctValues& query) {
     const QString t = QuotedIdentifier(query.table);
     const QString c = QuotedIdentifier(query.column);

@@ -37,6 +37,13 @@ struct DistinctValues {
 };
 std::optional<DistinctValues> DistinctValuesOf(const QString& sql);
 
+// The name of the table that, when the file has it, holds every distinct value of Column of Table
+// once, kept by the database: "Zefir.daterelevé". Its one column "valeur" holds x'' for Null.
+QString DistinctValuesTable(const QString& table, const QString& column);
+
+// The SQLite text that reads such a query's values from that table, NULL first as grouping puts it.
+QString DistinctValuesFromTable(const DistinctValues& query, const QString& valuesTable);
+
 // The SQLite text that gives what such a query gives, NULL first when the column holds one, by
 // jumping through an index of the column from one value to the next: as many index searches as
 // there are distinct values, instead of a walk over every row. Only worth it when an index leads

@@ -186,30 +186,43 @@ bool SchemaEntries(const QString& schemaSql, QList<SchemaEntry>& entries, QStrin
     return raw && Run(raw, schemaSql, error) && Entries(raw, entries, error);
 }
 
-// The steps of an upgrade, inside its transaction. A unique index that the rows already in the
-// file break is left out, with the older indexes that it was to replace.
-bool ApplySchema(sqlite3* db, const QList<SchemaEntry>& wanted, int version, bool& keptRepeats, QString* error) {
-    QList<SchemaEntry> present;
-    if (!Entries(db, present, error)) return false;
-    QSet<QString> presentNames, wantedNames;
-    for (const SchemaEntry& entry : present) presentNames << entry.name.toLower();
-    for (const SchemaEntry& entry : wanted) wantedNames << entry.name.toLower();
-    keptRepeats = false;
-    for (const SchemaEntry& entry : wanted) {
-        if (entry.type == u"view") {
-            if (!Run(db, QStringLiteral("DROP VIEW IF EXISTS %1").arg(Quoted(entry.name)), error) ||
-                !Run(db, entry.sql, error))
-                return false;
-        } else if (!presentNames.contains(entry.name.toLower()) && !Run(db, entry.sql, error)) {
-            if (sqlite3_errcode(db) != SQLITE_CONSTRAINT) return false;
-            keptRepeats = true;
+// Runs the statements of Sql one by one. A unique index that rows already in the file repeat can't
+// be built: that statement alone is left out, and KeptRepeats tells so.
+bool RunEach(sqlite3* db, const QString& sql, bool& keptRepeats, QString* error) {
+    const QByteArray text = sql.toUtf8();
+    const char* next = text.constData();
+    while (*next) {
+        sqlite3_stmt* raw = nullptr;
+        const char* tail = nullptr;
+        if (sqlite3_prepare_v2(db, next, -1, &raw, &tail) != SQLITE_OK)
+            return Failed(error, QString::fromUtf8(sqlite3_errmsg(db)));
+        next = tail;
+        if (!raw) continue;  // blanks and comments
+        const std::unique_ptr<sqlite3_stmt, FinalizeStatement> statement(raw);
+        int code;
+        while ((code = sqlite3_step(raw)) == SQLITE_ROW) {
         }
+        if (code == SQLITE_DONE) continue;
+        if (code != SQLITE_CONSTRAINT) return Failed(error, QString::fromUtf8(sqlite3_errmsg(db)));
+        keptRepeats = true;
     }
+    return true;
+}
+
+// The steps of an upgrade, inside its transaction: the schema run again, then the indexes that
+// it no longer has dropped, unless a new unique index couldn't be built in their place.
+bool ApplySchema(sqlite3* db, const QString& schemaSql, bool& keptRepeats, QString* error) {
+    QList<SchemaEntry> wanted, present;
+    if (!SchemaEntries(schemaSql, wanted, error) || !RunEach(db, schemaSql, keptRepeats, error) ||
+        !Entries(db, present, error))
+        return false;
+    QSet<QString> wantedNames;
+    for (const SchemaEntry& entry : wanted) wantedNames << entry.name.toLower();
     for (const SchemaEntry& entry : present)
         if (entry.type == u"index" && !wantedNames.contains(entry.name.toLower()) && !keptRepeats &&
             !Run(db, QStringLiteral("DROP INDEX %1").arg(Quoted(entry.name)), error))
             return false;
-    return Run(db, QStringLiteral("PRAGMA user_version = %1").arg(version), error);
+    return true;
 }
 
 }  // namespace
@@ -237,11 +250,9 @@ Upgrade UpgradeDatabase(const QString& path, const QString& schemaSql, QString* 
         return Upgrade::Failed;
     }
     if (current >= version) return Upgrade::UpToDate;
-    QList<SchemaEntry> wanted;
     bool keptRepeats = false;
-    if (!SchemaEntries(schemaSql, wanted, error) || !Run(raw, QStringLiteral("BEGIN IMMEDIATE"), error))
-        return Upgrade::Failed;
-    if (!ApplySchema(raw, wanted, version, keptRepeats, error) || !Run(raw, QStringLiteral("COMMIT"), error)) {
+    if (!Run(raw, QStringLiteral("BEGIN IMMEDIATE"), error)) return Upgrade::Failed;
+    if (!ApplySchema(raw, schemaSql, keptRepeats, error) || !Run(raw, QStringLiteral("COMMIT"), error)) {
         sqlite3_exec(raw, "ROLLBACK", nullptr, nullptr, nullptr);
         return Upgrade::Failed;
     }

@@ -51,11 +51,11 @@ enum class Upgrade {
     Failed,          // the file couldn't be opened or written: it stands as it was
 };
 
-// Brings the database file at Path, made under an older layout, up to the schema: its saved
-// queries are made again from the schema, the schema's indexes that it lacks are built, and the
-// indexes that the schema no longer has are dropped. Tables and rows are never touched, and all of
-// it is one transaction. A file already at the schema's version is only read, so that this costs
-// next to nothing when there is nothing to do. A missing file is Failed, and is not created.
+// Brings the database file at Path, made under an older layout, up to the schema: the schema's
+// text is run again on it (it makes only what is missing, and its saved queries and triggers
+// afresh), and the indexes that the schema no longer has are dropped. No row of the file's own
+// tables is changed or lost, and all of it is one transaction. A file already at the schema's version is only read, so
+// that this costs next to nothing when there is nothing to do. A missing file is Failed, and is not created.
 Upgrade UpgradeDatabase(const QString& path, const QString& schemaSql, QString* error = nullptr);
 
 }  // namespace skelda

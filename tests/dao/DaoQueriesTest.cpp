@@ -307,14 +307,36 @@ TEST_F(DaoQueriesTest, TheListOfDaysPutsAnUnreadableDayFirstAsGroupingDoes) {
                                                            Variant::FromDate(QDate(2004, 11, 2))}));
 }
 
-TEST_F(DaoQueriesTest, TheListOfDaysIsTheSameWithoutAnIndexOnTheDay) {
+// The days are read from the table the database keeps of them; a file without it is read by
+// jumping through the index of the day, and one without either by grouping every row: the same
+// days in every case.
+TEST_F(DaoQueriesTest, TheListOfDaysIsTheSameFromTheTableOfDaysTheIndexOrTheRows) {
     db.AddObservation(At(1, QDate(2004, 11, 2), QTime(10, 0), 10));
     db.AddObservation(At(2, QDate(2004, 11, 2), QTime(10, 0), 10));
     db.AddObservation(At(1, QDate(2003, 12, 31), QTime(10, 0), 10));
-    const QList<Variant> days{Variant::FromDate(QDate(2003, 12, 31)), Variant::FromDate(QDate(2004, 11, 2))};
+    ASSERT_TRUE(db.Exec(u"INSERT INTO Zefir (NumAéroport, daterelevé, heurerelevé) VALUES (3, NULL, '10:00:00')"_s));
+    const QList<Variant> days{Variant::Null(), Variant::FromDate(QDate(2003, 12, 31)),
+                              Variant::FromDate(QDate(2004, 11, 2))};
+    EXPECT_EQ(db.Count(u"Zefir.daterelevé"_s), 3);
     EXPECT_EQ(Column(base.OpenRecordset(kListOfDays, dbOpenSnapshot), u"DateRelevé"_s), days);
     base.Close();
-    ASSERT_TRUE(db.Exec(u"DROP INDEX \"Jours\""_s));
-    Database again = OpenDatabase(db.Path());
-    EXPECT_EQ(Column(again.OpenRecordset(kListOfDays, dbOpenSnapshot), u"DateRelevé"_s), days);
+    for (const QString& drop : {u"DROP TABLE \"Zefir.daterelevé\""_s, u"DROP INDEX \"Jours\""_s}) {
+        ASSERT_TRUE(db.Exec(drop));
+        Database again = OpenDatabase(db.Path());
+        EXPECT_EQ(Column(again.OpenRecordset(kListOfDays, dbOpenSnapshot), u"DateRelevé"_s), days)
+            << drop.toStdString();
+    }
+}
+
+TEST_F(DaoQueriesTest, TheTableOfDaysFollowsRowsThatComeChangeAndGo) {
+    db.AddObservation(At(1, QDate(2004, 11, 2), QTime(10, 0), 10));
+    db.AddObservation(At(1, QDate(2004, 11, 2), QTime(10, 30), 10));
+    db.AddObservation(At(1, QDate(2004, 11, 3), QTime(10, 0), 10));
+    ASSERT_TRUE(db.Exec(u"DELETE FROM Zefir WHERE heurerelevé = '10:30:00'"_s));  // the 2nd still has a row
+    ASSERT_TRUE(db.Exec(u"UPDATE Zefir SET daterelevé = '2004-11-04' WHERE daterelevé = '2004-11-03'"_s));
+    EXPECT_EQ(Column(base.OpenRecordset(kListOfDays, dbOpenSnapshot), u"DateRelevé"_s),
+              (QList<Variant>{Variant::FromDate(QDate(2004, 11, 2)), Variant::FromDate(QDate(2004, 11, 4))}));
+    ASSERT_TRUE(db.Exec(u"DELETE FROM Zefir"_s));
+    EXPECT_EQ(db.Count(u"Zefir.daterelevé"_s), 0);
+    EXPECT_TRUE(base.OpenRecordset(kListOfDays, dbOpenSnapshot).Eof());
 }

@@ -24,8 +24,8 @@ const QString kSeed =
 
 TEST(SeedDatabase, TheSchemaIsBuiltIn) {
     const QString schema = DatabaseSchema();
-    EXPECT_TRUE(schema.contains(u"CREATE TABLE \"Aéroports\""_s));
-    EXPECT_TRUE(schema.contains(u"CREATE TABLE \"Zefir\""_s));
+    EXPECT_TRUE(schema.contains(u"CREATE TABLE IF NOT EXISTS \"Aéroports\""_s));
+    EXPECT_TRUE(schema.contains(u"CREATE TABLE IF NOT EXISTS \"Zefir\""_s));
     EXPECT_TRUE(schema.contains(u"CREATE VIEW \"Heure de pointe selon zefir\""_s));
 }
 
@@ -217,6 +217,8 @@ TEST(UpgradeDatabase, AnEarlierFileGetsTheNewIndexAndSavedQueryAndKeepsItsRows) 
     EXPECT_EQ(UpgradeDatabase(other, DatabaseSchema(), &error), Upgrade::Upgraded) << error.toStdString();
     EXPECT_EQ(Count(other, u"select count(*) as n from zefir"_s), 3);
     EXPECT_EQ(AddUnresolvedRow(other), int(DaoDuplicateKey));
+    // The table of days is made and filled from the rows already there.
+    EXPECT_EQ(Count(other, u"select count(*) as n from [Zefir.daterelevé]"_s), 1);
     // The saved query is the new one: the variable wind counts as 6 knots.
     Database base = OpenDatabase(other);
     Recordset day = base.OpenRecordset(
