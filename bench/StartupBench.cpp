@@ -214,32 +214,3 @@ int main(int argc, char** argv) {
     self = QFileInfo(QString::fromLocal8Bit(argv[0])).absoluteFilePath().toLocal8Bit();
     return skelda::bench::RunGuiBenchmarks(argc, argv, [] { Station::Close(); });
 }
-namespace {
-void BM_TmpOpenClose(benchmark::State& state) {
-    const QString path = Station::Instance().Folder() + QStringLiteral("/database.mdb");
-    for (auto _ : state) {
-        Database base = OpenDatabase(path);
-        base.Close();
-    }
-}
-void BM_TmpQueryOnly(benchmark::State& state) {
-    const QString path = Station::Instance().Folder() + QStringLiteral("/database.mdb");
-    Database base = OpenDatabase(path);
-    for (auto _ : state) {
-        Recordset rs = base.OpenRecordset(
-            QStringLiteral("SELECT Zefir.DateRelevé From zefir GROUP BY Zefir.DateRelevé ORDER BY Zefir.DateRelevé;"),
-            dbOpenSnapshot);
-        rs.Close();
-    }
-}
-void BM_TmpCombo(benchmark::State& state) {
-    Form1& form = Station::Instance().form();
-    for (auto _ : state) {
-        form.ChoixDate->Clear();
-        for (int i = 0; i < kDays; ++i) form.ChoixDate->AddItem(QStringLiteral("02/11/2004"));
-    }
-}
-}
-BENCHMARK(BM_TmpOpenClose)->Unit(benchmark::kMillisecond);
-BENCHMARK(BM_TmpQueryOnly)->Unit(benchmark::kMillisecond);
-BENCHMARK(BM_TmpCombo)->Unit(benchmark::kMillisecond);
