@@ -13,7 +13,8 @@ cd "$(dirname "$0")"
 
 packages=(g++ cmake ninja-build pkg-config qt6-base-dev libsqlite3-dev libcurl4-openssl-dev
           libgtest-dev libgmock-dev libbenchmark-dev
-          desktop-file-utils appstream lintian dpkg-dev file sqlite3)
+          desktop-file-utils appstream lintian dpkg-dev file sqlite3
+          xvfb xauth openbox trayer)
 
 install_missing() {
     local missing=()
@@ -71,6 +72,8 @@ start)
 test)
     install_missing
     build build
+    # Headless, but for the tests labelled "desktop", which run on a virtual X display of their
+    # own with a window manager and a notification area (xvfb, openbox, trayer).
     (cd build && QT_QPA_PLATFORM=offscreen ctest --output-on-failure -j "$(nproc)")
     # The platform layer and the decoder run once more under AddressSanitizer and UBSan.
     build build-sanitize Debug -DSKELDA_SANITIZE=ON

@@ -4,6 +4,7 @@
 // loads the main window first), shows it as the start-up screen and runs the event loop. The run
 // ends only through the tray menu's Quit, or after a run-time error box.
 #include "Acquisition.h"
+#include "AeroportsConfig.h"
 #include "Application.h"
 #include "Artwork.h"
 #include "Form1.h"
@@ -14,6 +15,7 @@
 #include "ScreenMessageBoxes.h"
 #include "SeedDatabase.h"
 #include "Servers.h"
+#include "ajoutareoports.h"
 
 #include <QDir>
 #include <QStringList>
@@ -57,15 +59,18 @@ int main(int argc, char* argv[]) {
                       ForecastPortal(),
                       NewsServer(),
                       ApplicationPath(QCoreApplication::arguments())};
-    // A database made by an earlier version gets this version's indexes and saved query, rows
-    // untouched; a file already up to date is only read. Whatever goes wrong here is left for
-    // the main window's load to meet, as a missing database always was.
+    // A database made by an earlier version gets this version's indexes, saved query and table of
+    // days, rows untouched; a file already up to date is only read. Whatever goes wrong here is
+    // left for the main window's load to meet, as a missing database always was.
     UpgradeDatabase(services.applicationPath + QStringLiteral("/database.mdb"), DatabaseSchema());
     Forms forms(services);
     forms.Provide<Form1>(&LoadForm1WithPollCycle);
     forms.Provide<FrmIcone>(&FrmIcone::Load);
     forms.ProvideAs<TrayForm, FrmIcone>();
     forms.Provide<FormMetaf>([](Forms& f) { return new FormMetaf(f.services()); });
+    forms.ProvideAs<PollingForm, Form1>();
+    forms.Provide<AeroportsConfig>(&AeroportsConfig::Load);
+    forms.Provide<ajoutareoports>(&ajoutareoports::Load);
 
     // The start form: its load loads Form1 (log, database, first chart) and adds the icon. A
     // failure there (a missing database, say) is a run-time error, shown by the box of the

@@ -42,12 +42,33 @@ int ShiftOf(Qt::KeyboardModifiers modifiers) {
 
 ListBox::ListBox(QWidget* parent) : QListWidget(parent) {
     setMouseTracking(true);
+    // One Click per user's change: a new current line in a plain list, a toggled line in a
+    // multiple-selection one (where the current line may move without changing the selection).
     connect(this, &QListWidget::currentRowChanged, this, [this] {
-        if (!raising_) emit Click();
+        if (!raising_ && multiSelect_ == vbMultiSelectNone) emit Click();
+    });
+    connect(this, &QListWidget::itemSelectionChanged, this, [this] {
+        if (!raising_ && multiSelect_ != vbMultiSelectNone) emit Click();
     });
 }
 
-void ListBox::AddItem(const QString& text) { addItem(text); }
+void ListBox::SetMultiSelect(int style) {
+    if (style != vbMultiSelectNone && style != vbMultiSelectSimple) throw RuntimeError(InvalidPropertyValue);
+    multiSelect_ = style;
+    setSelectionMode(style == vbMultiSelectSimple ? QAbstractItemView::MultiSelection
+                                                  : QAbstractItemView::SingleSelection);
+}
+
+void ListBox::AddItem(const QString& text) {
+    addItem(text);
+    // A multiple-selection list always has a line with the focus, the first until the user moves
+    // it, so that ListIndex names a line as soon as there is one.
+    if (multiSelect_ != vbMultiSelectNone && currentRow() < 0) {
+        raising_ = true;
+        selectionModel()->setCurrentIndex(model()->index(0, 0), QItemSelectionModel::NoUpdate);
+        raising_ = false;
+    }
+}
 
 void ListBox::Clear() {
     raising_ = true;
@@ -60,8 +81,14 @@ int ListBox::ListIndex() const { return currentRow(); }
 void ListBox::SetListIndex(int index) {
     if (index < -1 || index >= count()) throw RuntimeError(InvalidPropertyValue);
     raising_ = true;
-    setCurrentRow(index);
-    if (index >= 0) item(index)->setSelected(true);
+    if (multiSelect_ != vbMultiSelectNone) {
+        // In a multiple-selection list the index only moves the focus: the selection stays.
+        selectionModel()->setCurrentIndex(index >= 0 ? model()->index(index, 0) : QModelIndex(),
+                                          QItemSelectionModel::NoUpdate);
+    } else {
+        setCurrentRow(index);
+        if (index >= 0) item(index)->setSelected(true);
+    }
     raising_ = false;
     RaiseEvent([this] { emit Click(); });
 }
@@ -146,6 +173,10 @@ Timer::Timer(int intervalMs, bool enabled, QObject* parent)
 }
 
 void Timer::SetEnabled(bool enabled) {
+    // Enabled again while it runs: the interval already begun goes on. The poll cycle's time-out
+    // depends on it: each connection enables it, and a request that got no answer must still
+    // run out 20 seconds after it went, even while later polls connect.
+    if (enabled && enabled_ && timer_.isActive()) return;
     enabled_ = enabled;
     Restart();
 }

@@ -29,14 +29,27 @@ void SetHeight(QWidget* w, double twips);
 void Place(QWidget* w, double left, double top, double width, double height);
 int ToPixels(double twips);  // to the nearest pixel, halves to even
 
+// How many lines of a list box the user may select: one, or any number, each click toggling the
+// line clicked (the "simple" multiple selection).
+enum MultiSelectStyle : int { vbMultiSelectNone = 0, vbMultiSelectSimple = 1 };
+
 // A list box: AddItem, Clear, ListIndex (-1 for none), ListCount, ItemData, Text, List(i),
 // Selected, Tag. Setting ListIndex raises Click, as the user's click does; a double click
 // raises DblClick after that Click. A failure of the Click that a setter raised comes out of the
 // setter, as the failure of that statement (see RaiseEvent).
+//
+// With MultiSelect vbMultiSelectSimple, a click (or the space bar) toggles the line under it and
+// raises Click; ListIndex is the line that has the focus (the first line until the user moves
+// it), whether or not it is selected, and Selected tells each line's state. Setting Selected
+// raises Click, changed or not.
 class ListBox : public QListWidget {
     Q_OBJECT
 public:
     explicit ListBox(QWidget* parent = nullptr);
+
+    int MultiSelect() const { return multiSelect_; }
+    // Set at design, before any line is added: vbMultiSelectNone or vbMultiSelectSimple.
+    void SetMultiSelect(int style);
 
     void AddItem(const QString& text);
     void Clear();
@@ -67,6 +80,7 @@ protected:
 
 private:
     bool raising_ = false;
+    int multiSelect_ = vbMultiSelectNone;
 };
 
 // A drop-down list: AddItem, Clear, ListIndex, ListCount, Text, Tag; setting ListIndex raises Click.
@@ -86,8 +100,9 @@ signals:
     void Click();
 };
 
-// A timer with Enabled and Interval. Enabling it starts a full interval; changing the interval
-// of a running timer starts it over.
+// A timer with Enabled and Interval. Enabling a stopped timer starts a full interval; enabling one
+// that runs already leaves its count alone, so a guard started again before it ran out still
+// fires on time. Changing the interval of a running timer starts it over.
 class Timer : public QObject {
     Q_OBJECT
 public:

@@ -3,15 +3,18 @@
 // click, 517 the right button released, ...).
 #pragma once
 
+#include <QPointer>
 #include <QSystemTrayIcon>
+#include <QWidget>
 
 #include <cstdint>
 
+class QEvent;
+
 namespace skelda {
 
-// The mouse messages of the notification icon, as its window receives them: a move; the left
-// button's press, release and double click; the right button's press and release; the middle
-// button's release.
+// The mouse messages of the notification icon, as its window receives them: a move; for each
+// of the left, right and middle buttons, its press, release and double click.
 enum IconMessage : int32_t {
     MsgMouseMove = 512,
     MsgLeftDown,
@@ -19,7 +22,10 @@ enum IconMessage : int32_t {
     MsgLeftDoubleClick,
     MsgRightDown,
     MsgRightUp,
-    MsgMiddleUp = 520
+    MsgRightDoubleClick,
+    MsgMiddleDown,
+    MsgMiddleUp,
+    MsgMiddleDoubleClick
 };
 
 class NotifyIcon : public QSystemTrayIcon {
@@ -27,12 +33,31 @@ class NotifyIcon : public QSystemTrayIcon {
 public:
     explicit NotifyIcon(QObject* parent = nullptr);
 
+    // Shows the icon in the notification area. Where the icon has a window of its own on the
+    // desktop (the X11 notification area's), its mouse events are then read there, one message
+    // each, press and release apart; elsewhere Qt's activations stand for them.
+    void Show();
+
+    // Whether the icon's mouse events are read on its own window (see Show).
+    bool ReadsItsWindow() const { return !fenetre_.isNull(); }
+    // The icon's own window on the desktop, or none.
+    QWidget* Window() const { return fenetre_; }
+
     // The message that stands for one of Qt's activations, or 0 for one that has none.
     static int32_t MessageOf(QSystemTrayIcon::ActivationReason reason);
+    // The message of a mouse event of the icon's window, or 0 for an event that isn't one.
+    static int32_t MessageOf(const QEvent& event);
 
 signals:
     // One mouse message of the icon.
     void Message(int32_t message);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void ReadWindow();
+    QPointer<QWidget> fenetre_;
 };
 
 }  // namespace skelda

@@ -25,4 +25,15 @@ void Forms::Drop(Slot& slot) {
     slot.form = nullptr;
 }
 
+void Forms::DropLater(QWidget* widget) {
+    if (widget == nullptr) return;
+    for (auto& [key, slot] : slots_)
+        if (slot.widget.data() == widget) {
+            slot.widget = nullptr;
+            slot.form = nullptr;
+        }
+    widget->hide();
+    widget->deleteLater();
+}
+
 }  // namespace skelda

@@ -77,6 +77,15 @@ public:
         if (it != slots_.end()) Drop(it->second);
     }
 
+    // Unloads F from inside one of its own handlers. F leaves at once (Loaded<F>() is false and
+    // the next touch makes a fresh one) and its window hides, but the window is deleted only when
+    // control is back in the event loop, since the handler that asked still runs on it.
+    template <class F>
+    void UnloadLater() {
+        auto it = slots_.find(Key<F>());
+        if (it != slots_.end()) DropLater(it->second.widget.data());
+    }
+
 private:
     struct Slot {
         std::function<std::pair<void*, QWidget*>(Forms&)> make;
@@ -92,6 +101,8 @@ private:
 
     Slot& Touch(const void* key);
     static void Drop(Slot& slot);
+    // Every slot that holds this window (F's own, and those of the interfaces F serves) lets it go.
+    void DropLater(QWidget* widget);
 
     Services& services_;
     Module1 module1_;

@@ -1,25 +1,13 @@
 // The picture of the selected airport, shown beside the day chart after each drawing. Only the
 // airport decides: one bitmap per station code under Images/, or the common picture.
-#include "Failure.h"
 #include "Form1.h"
 #include "Forms.h"
+#include "Images.h"
 #include "Log.h"
-
-#include <QFileInfo>
-#include <QImageReader>
 
 namespace skelda {
 
 namespace {
-// Reads a picture file as LoadPicture does: a missing file is "File not found" (53), one that
-// isn't a picture "Invalid picture" (481).
-QPixmap LoadPicture(const QString& path) {
-    if (!QFileInfo(path).isFile()) throw RuntimeError(FileNotFound);
-    QImageReader reader(path);
-    const QImage image = reader.read();
-    if (image.isNull()) throw RuntimeError(InvalidPicture);
-    return QPixmap::fromImage(image);
-}
 
 // The file names are relative: they are looked up from the current folder, unlike the database,
 // which lies beside the program.
@@ -36,7 +24,9 @@ void Form1::AfficherImage(const QString& Idx) {
     //    The code goes in as it stands in the table.
     const QString Fichier = ImagesFolder + aeroports.Fields(QStringLiteral("ida")).Concat() + QStringLiteral(".BMP");
     // 5. to 7. A missing picture is an expected case: a log line on every drawing, never a box.
-    if (QFileInfo(Fichier).isFile()) {
+    //    The names are found whatever the case of their letters, as the pictures were named for
+    //    a file system that ignores it ("lfpb" finds LFPB.BMP).
+    if (FileExists(Fichier)) {
         Picture1->SetPicture(LoadPicture(Fichier));
     } else {
         EcrireLog(QStringLiteral("File Not Found: ") + Fichier, forms_.services().clock);

@@ -10,12 +10,11 @@
 #include "RunTime.h"
 #include "SurfacePainting.h"
 #include "TrayForm.h"
+#include "Window.h"
 
 #include <QCloseEvent>
-#include <QGuiApplication>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QScreen>
 
 #include <memory>
 
@@ -73,13 +72,11 @@ void Form1::Form_Load() {
     FillPaletteForce(forms_.module1().PaletteForce);
     // 2.
     EcrireLog(QStringLiteral("Skelda Starting"), forms_.services().clock);
-    // 3. The bottom right corner of the whole screen, in twips: the taskbar isn't taken into
-    //    account, so the window may stand partly under it.
-    const QRect screen = QGuiApplication::primaryScreen()->geometry();
-    const QRect outer = frameGeometry();
-    const double Top = screen.height() * double(TwipsPerPixel) - outer.height() * double(TwipsPerPixel) - 15;
-    const double Left = screen.width() * double(TwipsPerPixel) - outer.width() * double(TwipsPerPixel) - 15;
-    move(ToPixels(Left), ToPixels(Top));
+    // 3. The bottom right corner of the whole screen, 15 twips from its edges: the taskbar isn't
+    //    taken into account, so the window may stand partly under it. The frame counts, as the
+    //    window's Height and Width do; it is known only once the window is first shown, and the
+    //    window is placed again then.
+    PlacerEnBasADroite(*this, 15);
     // 4. The pressure line at 55 parts of 80 of the chart's height, 1015 hPa on a scale that
     //    runs from 960 at the bottom to 1040 at the top.
     Line1015.Y1 = MaxFKNT.Y1 - (MaxFKNT.Y1 - MaxFKNT.Y2) * 55 / 80;
@@ -97,6 +94,11 @@ void Form1::Form_Load() {
     // 9. and 10.
     ChargementFini = -1;
     TracerCourbe();
+}
+
+void Form1::ChargerAeroportsList1() {
+    ListeAdapter<ListBox> liste(*List1);
+    ChargerAeroports(liste, forms_.module1().TableIDA, DatabasePath());
 }
 
 void Form1::RemplirDates() {

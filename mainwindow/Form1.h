@@ -11,6 +11,7 @@
 #include "Images.h"
 #include "Inet.h"
 #include "Module1.h"
+#include "PollingForm.h"
 #include "SurfaceWidget.h"
 #include "Winsock.h"
 
@@ -26,7 +27,7 @@ namespace skelda {
 class Forms;
 class RunTimeGuard;
 
-class Form1 : public SurfaceWidget {
+class Form1 : public SurfaceWidget, public PollingForm {
     Q_OBJECT
 public:
     // Builds the form with all its controls at their design places; nothing is read yet.
@@ -70,7 +71,7 @@ public:
     std::array<LineControl, 48> Vline{};
     std::array<Image*, 24> ICO{};
     ImageList ImageList2;
-    Image* Picture1 = nullptr;
+    PictureBox* Picture1 = nullptr;
     QWidget* Shape1 = nullptr;
     QWidget* Shape2 = nullptr;
     QLineEdit* wwwsource = nullptr;  // hidden: the text of a fetched page
@@ -130,6 +131,11 @@ public:
     void SetCaption(const QString& text) { setWindowTitle(text); }
     // The path of database.mdb beside the program.
     QString DatabasePath() const;
+
+    // What the airport forms ask: T, and the refill of List1.
+    bool TEnabled() const override { return T.Enabled(); }
+    void SetTEnabled(bool enabled) override { T.SetEnabled(enabled); }
+    void ChargerAeroportsList1() override;
 
 protected:
     void closeEvent(QCloseEvent* event) override;  // Form_QueryUnload

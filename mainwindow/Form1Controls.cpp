@@ -202,7 +202,7 @@ void BuildClocks(Form1& f) {
 }
 
 void BuildPicture(Form1& f) {
-    f.Picture1 = new Image(&f);
+    f.Picture1 = new PictureBox(&f);
     f.Picture1->setObjectName(QStringLiteral("Picture1"));
     f.Picture1->setFrameShape(QFrame::Panel);
     f.Picture1->setFrameShadow(QFrame::Sunken);

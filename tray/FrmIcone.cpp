@@ -11,6 +11,7 @@
 #include <memory>
 
 #include "Acquisition.h"
+#include "AeroportsConfig.h"
 #include "Convert.h"
 #include "Form1.h"
 #include "FormMetaf.h"
@@ -39,6 +40,7 @@ FrmIcone::FrmIcone(Forms& forms) : forms_(forms) {
     // The process ends at once, as the run time's End does: no form unloads, nothing is closed.
     // The log line was written and closed before.
     TerminerProcessus = [] { std::_Exit(0); };
+    Shell_NotifyIconA = [this](int dwMessage) { ZoneDeNotification(dwMessage); };
     BuildControls();
     BuildMenu();
     WireEvents();
@@ -108,11 +110,14 @@ void FrmIcone::WireEvents() {
     On(guard(), &Timer1, &Timer::Tick, this, [this] { Timer1_Timer(); });
     // Unlike ZefirDemand, the menu's item leaves Form1's Tag as it is.
     On(guard(), MenuCourbe, &QAction::triggered, this, [this] { forms_.Get<Form1>().show(); });
-    // The monthly window and the airport selection come with their own forms. Until then their
-    // items do nothing: MenuAeroport in particular must not stop T without a form to start it
-    // again.
+    // The monthly window comes with its own form. Until then its item does nothing.
     On(guard(), MenuStatistiqueMensuelle, &QAction::triggered, this, [] {});
-    On(guard(), MenuAeroport, &QAction::triggered, this, [] {});
+    // No poll while the airports are being chosen: the selection form starts T again when it
+    // unloads. Not modal: the menu comes back at once.
+    On(guard(), MenuAeroport, &QAction::triggered, this, [this] {
+        forms_.Get<Form1>().T.SetEnabled(false);
+        forms_.Widget<AeroportsConfig>().show();
+    });
     // Should the item ever be enabled, the hand-entry form loads, which shows it.
     On(guard(), MenuMetaf, &QAction::triggered, this, [this] { forms_.Get<FormMetaf>().show(); });
     On(guard(), Quit, &QAction::triggered, this, [this] { Quitter_Click(); });
@@ -213,7 +218,7 @@ QString FrmIcone::TipText() const {
     return tip;
 }
 
-void FrmIcone::Shell_NotifyIconA(int dwMessage) {
+void FrmIcone::ZoneDeNotification(int dwMessage) {
     // The notification area's answers aren't looked at, and a desktop without one gets no icon.
     switch (dwMessage) {
         case NIM_ADD:
@@ -227,7 +232,7 @@ void FrmIcone::Shell_NotifyIconA(int dwMessage) {
             }
             Icone->setIcon(IconeNotif.hIcon);
             Icone->setToolTip(TipText());
-            Icone->show();
+            Icone->Show();
             break;
         case NIM_MODIFY:
             if (Icone != nullptr) Icone->setToolTip(TipText());

@@ -70,6 +70,10 @@ public:
 
     // How the process ends at Quit: at once, without unloading any form. Tests replace it.
     std::function<void()> TerminerProcessus;
+    // The notification area's one call: add (0), modify (1) or delete (2) the icon that
+    // IconeNotif describes; its answer isn't looked at. The default shows the desktop's icon,
+    // Icone, where there is a notification area. Tests may put another call in its place.
+    std::function<void(int dwMessage)> Shell_NotifyIconA;
 
     // ---- Procedures of the form.
     // Form1 loaded (through its icon), T stopped, out of the task list, the icon added with the
@@ -101,8 +105,8 @@ private:
     void BuildControls();
     void BuildMenu();
     void WireEvents();
-    // The notification area's one call: add (0), modify (1) or delete (2) the icon of the record.
-    void Shell_NotifyIconA(int dwMessage);
+    // The desktop's notification area, behind Shell_NotifyIconA.
+    void ZoneDeNotification(int dwMessage);
 
     Forms& forms_;
 };

@@ -1,5 +1,7 @@
 // The start of a poll and the hand-made HTTP exchange, against an observation server of the
 // test's own on the loopback address.
+#include <QElapsedTimer>
+
 #include "AcquisitionFixture.h"
 
 using namespace skelda;
@@ -187,6 +189,37 @@ TEST_F(Exchange, TheErrorEventClosesTheSocketAndLetsEventsRun) {
     EXPECT_TRUE(f.TimerWinsock.Enabled());  // it runs on and closes the closed socket
     EXPECT_TRUE(server.WaitForDisconnections(1));
     EXPECT_NO_THROW(f.TimerWinsock.Fire());
+}
+
+TEST_F(Exchange, AReplyThatComesAfterTheFirstRequestsTimeOutIsLostInTheNextPoll) {
+    // The time-out counts from the first request: the next poll's connection enables it again
+    // without starting it over, so it runs out during that poll and closes its socket, and the
+    // reply that comes after that has nowhere to arrive. Short intervals stand for 20 s and 11 s.
+    constexpr int Attente = 2000;
+    Form1& f = Form();
+    f.TimerWinsock.SetInterval(Attente);
+    QSignalSpy expire(&f.TimerWinsock, &Timer::Tick);
+    QElapsedTimer depuis;
+    Connect(f);
+    ASSERT_TRUE(server.WaitForRequests(1));
+    depuis.start();  // the time-out was enabled before the request went out
+    // Halfway through, the next poll connects.
+    ASSERT_TRUE(QTest::qWaitFor([&] { return depuis.elapsed() >= Attente / 2; }, Attente));
+    Tick(f, 11);
+    ASSERT_TRUE(server.WaitForRequests(2));
+    EXPECT_TRUE(f.TimerWinsock.Enabled());
+    // A time-out started over by the second connection couldn't run out before 3000 ms.
+    ASSERT_TRUE(
+        QTest::qWaitFor([&] { return expire.count() > 0 || depuis.elapsed() >= Attente * 5 / 4; }, Attente * 2));
+    EXPECT_EQ(expire.count(), 1);
+    EXPECT_FALSE(f.TimerWinsock.Enabled());
+    // The reply of the second poll comes now: too late.
+    server.Send(StationReply(Bourget));
+    ASSERT_TRUE(server.WaitForDisconnections(2));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(LogCount(QStringLiteral("Weather Received from ")), 0);
+    EXPECT_EQ(db.Count(QStringLiteral("Zefir")), 0);
+    EXPECT_FALSE(f.List1->isEnabled());
 }
 
 }  // namespace

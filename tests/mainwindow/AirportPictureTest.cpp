@@ -42,11 +42,25 @@ TEST_F(AirportPicture, AMissingBitmapIsLoggedOnEveryDrawingAndTheCommonPictureSh
 }
 
 TEST_F(AirportPicture, TheCodeGoesIntoTheNameAsItStandsInTheTable) {
-    SaveBitmap(QStringLiteral("Images/LFPB.BMP"), Qt::green);
     ASSERT_TRUE(db.Exec(QStringLiteral("UPDATE \"Aéroports\" SET \"IDA\" = 'lfpb' WHERE \"idx\" = 1")));
     Form1& form = Form();
     EXPECT_EQ(LogCount(QStringLiteral("File Not Found: Images/lfpb.BMP")), 1);
     EXPECT_EQ(Shown(form), QColor(Qt::blue));
+}
+
+TEST_F(AirportPicture, ACodeInLowerCaseFindsItsBitmapNamedInCapitals) {
+    SaveBitmap(QStringLiteral("Images/LFPB.BMP"), Qt::green);
+    ASSERT_TRUE(db.Exec(QStringLiteral("UPDATE \"Aéroports\" SET \"IDA\" = 'lfpb' WHERE \"idx\" = 1")));
+    Form1& form = Form();
+    EXPECT_EQ(Shown(form), QColor(Qt::green));
+    EXPECT_EQ(LogText().count(QStringLiteral("File Not Found")), 0);
+}
+
+TEST_F(AirportPicture, TheCommonPictureIsFoundWhateverTheCaseOfItsName) {
+    ASSERT_TRUE(QFile::rename(QStringLiteral("Images/METEO2.BMP"), QStringLiteral("Images/meteo2.bmp")));
+    Form1& form = Form();
+    EXPECT_EQ(Shown(form), QColor(Qt::blue));
+    EXPECT_EQ(LogCount(NotFound), 1);
 }
 
 TEST_F(AirportPicture, AnUnknownNumberTakesTheFirstRowsPicture) {
@@ -89,12 +103,13 @@ TEST_F(AirportPicture, AFailingPictureStopsTheChartsCaller) {
     EXPECT_THROW(form.TracerCourbe(), RuntimeError);
 }
 
-TEST_F(AirportPicture, TheWholePictureIsShownWithinThePictureBox) {
+TEST_F(AirportPicture, ALargerPictureIsShownAtItsOwnSizeFromTheTopLeftAndCut) {
     SaveBitmap(QStringLiteral("Images/LFPB.BMP"), Qt::green, QSize(300, 200));
     Form1& form = Form();
+    // The box is 1755 by 1125 twips, 117 by 75 pixels: the picture isn't shrunk to it.
+    ASSERT_EQ(form.Picture1->size(), QSize(117, 75));
     EXPECT_EQ(form.Picture1->Picture().size(), QSize(300, 200));
-    const QPixmap shown = form.Picture1->pixmap();
-    EXPECT_LE(shown.width(), form.Picture1->width());
-    EXPECT_LE(shown.height(), form.Picture1->height());
-    EXPECT_NEAR(double(shown.width()) / shown.height(), 1.5, 0.05);
+    EXPECT_EQ(form.Picture1->pixmap().size(), QSize(300, 200));
+    EXPECT_EQ(form.Picture1->alignment(), Qt::AlignLeft | Qt::AlignTop);
+    EXPECT_EQ(form.Picture1->size(), QSize(117, 75));
 }

@@ -122,11 +122,13 @@ TEST_F(DayChart, AVariableWindHasABarOfNoHeightInClassZero) {
 }
 
 TEST_F(DayChart, ClassesRoundHalvesToEvenAndEdgeInTheNextDarkerColour) {
-    const PaletteForceTable expected = [] {
-        PaletteForceTable t;
-        FillPaletteForce(t);
-        return t;
-    }();
+    // The table of wind colours, class by class, red, green and blue.
+    const Color palette[] = {RGB(227, 240, 255), RGB(193, 222, 255), RGB(153, 201, 255), RGB(111, 179, 255),
+                             RGB(67, 156, 255),  RGB(33, 138, 255),  RGB(1, 121, 255),   RGB(0, 106, 226),
+                             RGB(0, 90, 192),    RGB(0, 77, 164),    RGB(0, 59, 126)};
+    // (knots - 1) / 5 rounded halves to even: 3 knots give 0.4, class 0; 4 give 0.6, class 1;
+    // 8 give 1.4, class 1; 9 give 1.6, class 2; 13 give 2.4, class 2; 14 give 2.6, class 3;
+    // 48 give 9.4, class 9, edged in class 10.
     const std::pair<int, int> speedClass[] = {{3, 0}, {4, 1}, {8, 1}, {9, 2}, {13, 2}, {14, 3}, {48, 9}};
     QList<TestObservation> rows;
     for (int i = 0; i < int(std::size(speedClass)); ++i) rows.append(Releve(LeBourget, i, 0, speedClass[i].first));
@@ -135,15 +137,31 @@ TEST_F(DayChart, ClassesRoundHalvesToEvenAndEdgeInTheNextDarkerColour) {
     ASSERT_EQ(bars.size(), std::size(speedClass));
     for (size_t i = 0; i < bars.size(); ++i) {
         const int classe = speedClass[i].second;
-        EXPECT_EQ(bars[i].fillColor, expected(classe)) << speedClass[i].first << " knots";
-        EXPECT_EQ(bars[i].color, std::optional<Color>(expected(classe + 1))) << speedClass[i].first << " knots";
+        EXPECT_EQ(bars[i].fillColor, palette[classe]) << speedClass[i].first << " knots";
+        EXPECT_EQ(bars[i].color, std::optional<Color>(palette[classe + 1])) << speedClass[i].first << " knots";
     }
 }
 
 TEST_F(DayChart, FiftyKnotsFillTheChartAndMoreRunPastTheTop) {
-    Form1& form = Draw({Releve(LeBourget, 10, 0, 48)});
-    EXPECT_EQ(HeightOf(form.FKNT[20]), 2310);  // 2304.96 twips, 153.66 pixels
-    EXPECT_LT(TopOf(form.FKNT[20]), 1400);
+    // The full height of the chart, from 3662 up to 1261, is 2401 twips for 50 knots. A bar of
+    // 50 knots or more stops the chart before its box is drawn (its edge colour is past the
+    // table), but its label has its height and top by then.
+    Form1& form = Draw({Releve(LeBourget, 9, 0, 10)});
+    db.AddObservation(Releve(LeBourget, 10, 0, 50));
+    EXPECT_EQ(Failure(form), SubscriptOutOfRange);
+    // 2401 twips, kept as 160 pixels, 2400 twips; the top at 3662 - 2400 + 15, just under the
+    // chart's top line at 1261.
+    EXPECT_EQ(HeightOf(form.FKNT[20]), 2400);
+    EXPECT_EQ(TopOf(form.FKNT[20]), 1275);
+    EXPECT_GE(TopOf(form.FKNT[20]), 1261);
+
+    // 60 knots, earlier in the day so that the chart stops there: 2881.2 twips, 192 pixels,
+    // 2880 twips, and the top at 795, above the chart.
+    db.AddObservation(Releve(LeBourget, 8, 0, 60));
+    EXPECT_EQ(Failure(form), SubscriptOutOfRange);
+    EXPECT_EQ(HeightOf(form.FKNT[16]), 2880);
+    EXPECT_EQ(TopOf(form.FKNT[16]), 795);
+    EXPECT_LT(TopOf(form.FKNT[16]), 1261);
 }
 
 TEST_F(DayChart, FortyNineKnotsStopTheChartAtTheEdgeColour) {

@@ -10,6 +10,7 @@
 #include <QMenu>
 #include <QMouseEvent>
 #include <QScreen>
+#include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
 
@@ -52,10 +53,26 @@ TEST_F(Form1Load, LogsSkeldaStarting) {
 
 TEST_F(Form1Load, StandsInTheBottomRightCornerOfTheWholeScreen) {
     Form1& form = Form();
-    const QRect screen = QGuiApplication::primaryScreen()->geometry();
-    const QRect outer = form.frameGeometry();
-    // Screen size less the window's size less 15 twips, one pixel; the taskbar isn't counted.
-    EXPECT_EQ(form.pos(), QPoint(screen.width() - outer.width() - 1, screen.height() - outer.height() - 1));
+    // The headless screen is 800 by 800 pixels, 12000 by 12000 twips; the window, which has no
+    // frame here, 11715 by 4515 twips. Left = 12000 - 11715 - 15 = 270 twips, 18 pixels, and
+    // Top = 12000 - 4515 - 15 = 7470 twips, 498 pixels; the taskbar isn't counted.
+    ASSERT_EQ(QGuiApplication::primaryScreen()->geometry(), QRect(0, 0, 800, 800));
+    ASSERT_EQ(form.frameGeometry().size(), QSize(781, 301));
+    EXPECT_EQ(form.pos(), QPoint(18, 498));
+    EXPECT_EQ(LeftOf(&form), 270);
+    EXPECT_EQ(TopOf(&form), 7470);
+    // Shown, it gets a frame of 2 pixels on each side, 785 by 305 pixels in all, and is placed
+    // again from it: the frame's last column and row are 798, one pixel inside the screen.
+    form.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&form));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return form.pos() != QPoint(18, 498); }, 5000));
+    EXPECT_EQ(form.frameGeometry(), QRect(14, 494, 785, 305));
+    EXPECT_EQ(form.frameGeometry().bottomRight(), QPoint(798, 798));
+    // Hidden and shown again, it stays where it is.
+    form.hide();
+    form.show();
+    EXPECT_EQ(form.frameGeometry(), QRect(14, 494, 785, 305));
+    form.hide();
 }
 
 TEST_F(Form1Load, LaysThePressureLineAt55PartsOf80) {
@@ -199,10 +216,16 @@ TEST_F(Form1Load, AnyRequestToCloseIsRefusedWhateverItsReason) {
 
 TEST_F(Form1Load, ClosingLeavesThePollCycleRunning) {
     Form1& form = Form();
+    // A short interval stands for the second of T: it goes on ticking after the window closed.
+    form.T.SetInterval(20);
     form.T.SetEnabled(true);
     form.show();
-    form.close();
+    ASSERT_TRUE(form.close() == false);  // refused
+    EXPECT_TRUE(form.isHidden());
+    QSignalSpy ticks(&form.T, &Timer::Tick);
+    EXPECT_TRUE(ticks.wait(5000));
     EXPECT_TRUE(form.T.Enabled());
+    EXPECT_TRUE(forms.Loaded<Form1>());
     form.T.SetEnabled(false);
 }
 

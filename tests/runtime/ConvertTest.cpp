@@ -84,6 +84,21 @@ TEST(Convert, IsNumericFollowsTheSameRule) {
     EXPECT_FALSE(IsNumeric(u"CAVOK"));
 }
 
+TEST(Convert, TimeZoneTextsWithASignAreNumericAndNamesAreNot) {
+    EXPECT_TRUE(IsNumeric(u"+12"));
+    EXPECT_TRUE(IsNumeric(u"-6"));
+    EXPECT_TRUE(IsNumeric(u"-9"));
+    EXPECT_TRUE(IsNumeric(u"0"));
+    EXPECT_TRUE(IsNumeric(u"+5.5"));
+    EXPECT_TRUE(IsNumeric(u" -3 "));
+    EXPECT_FALSE(IsNumeric(u"UTC"));
+    EXPECT_FALSE(IsNumeric(u"UTC+1"));
+    EXPECT_FALSE(IsNumeric(u"+"));
+    EXPECT_FALSE(IsNumeric(u"+-1"));
+    EXPECT_FALSE(IsNumeric(u"1h"));
+    EXPECT_FALSE(IsNumeric(u" "));
+}
+
 TEST(Convert, LongsHaveThirtyTwoBits) {
     EXPECT_EQ(CLng(u"100000"), 100000);
     EXPECT_EQ(CLng(2.5), 2);

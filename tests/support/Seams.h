@@ -30,14 +30,19 @@ public:
 // Boxes that answer OK and remember what they were asked to show.
 class RecordingBoxes : public MessageBoxes {
 public:
-    int MsgBox(const QString& prompt, int, const QString&) override {
+    int MsgBox(const QString& prompt, int style, const QString& title) override {
         shown.push_back(prompt);
+        titles.push_back(title);
+        styles.push_back(style);
         return vbOK;
     }
     void RuntimeErrorBox(int number, const QString& description) override {
         shown.push_back(QStringLiteral("Run-time error '%1': %2").arg(number).arg(description));
     }
     std::vector<QString> shown;
+    // The title and the style of each MsgBox, beside its prompt in shown (run-time errors have none).
+    std::vector<QString> titles;
+    std::vector<int> styles;
 };
 
 }  // namespace skelda::test

@@ -1,6 +1,7 @@
 // The start form: its design, its load, the icon's messages, the menu, the timer that ends the
 // start and feeds the tip, and the quit.
 #include <QFile>
+#include <QFileInfo>
 #include <QLabel>
 #include <QTimer>
 
@@ -160,11 +161,16 @@ TEST_F(Tray, ATipLongerThan64CharactersIsCut) {
     for (int i = 0; i < 10; ++i) titre += QString::number(i) + QStringLiteral("1234567890");
     ASSERT_EQ(titre.size(), 110);
     tray.NewTitle(titre);
-    EXPECT_EQ(tray.IconeNotif.szTip, titre.left(64));
-    EXPECT_EQ(tray.TipText(), titre.left(64));
-    if (tray.Icone != nullptr) {
-        EXPECT_EQ(tray.Icone->toolTip(), titre.left(64));
-    }
+    const QString cut = QStringLiteral("0123456789011234567890212345678903123456789041234567890512345678");
+    EXPECT_EQ(tray.IconeNotif.szTip, cut);
+    EXPECT_EQ(tray.TipText(), cut);
+    // One call to the notification area, a modification, with the record's tip cut to 64.
+    ASSERT_EQ(notifications.size(), 1u);
+    EXPECT_EQ(notifications[0].dwMessage, 1);
+    EXPECT_EQ(notifications[0].record.szTip, cut);
+    EXPECT_EQ(notifications[0].record.uID, 1u);
+    // The whole text stays with the caller.
+    EXPECT_EQ(titre.size(), 110);
 }
 
 TEST_F(Tray, AShortTipIsPaddedWithBlanksInTheRecordOnly) {
@@ -231,9 +237,9 @@ TEST_F(Tray, AReceptionReachesTheTipThroughTheCaption) {
     EXPECT_EQ(tray.Caption(), attendu);
     tray.Timer1.Fire();
     EXPECT_EQ(tray.TipText(), attendu);
-    if (tray.Icone != nullptr) {
-        EXPECT_EQ(tray.Icone->toolTip(), attendu);
-    }
+    ASSERT_FALSE(notifications.empty());
+    EXPECT_EQ(notifications.back().dwMessage, 1);
+    EXPECT_TRUE(notifications.back().record.szTip.startsWith(attendu + QStringLiteral("\r\n ")));
 }
 
 // ---- The menu's items
@@ -253,7 +259,6 @@ TEST_F(Tray, TheItemsWhoseFormsComeLaterDoNothingYet) {
     f.T.SetEnabled(true);
     const int windows = int(QApplication::topLevelWidgets().size());
     tray.MenuStatistiqueMensuelle->trigger();
-    tray.MenuAeroport->trigger();
     EXPECT_TRUE(f.T.Enabled());
     EXPECT_EQ(int(QApplication::topLevelWidgets().size()), windows);
     f.T.SetEnabled(false);
@@ -303,12 +308,16 @@ TEST_F(Tray, QuitRemovesTheIconLogsAndEndsTheProcess) {
     FrmIcone& tray = StartForm();
     tray.Quit->trigger();
     EXPECT_EQ(ended, 1);
+    // The icon is deleted first, with the record's size, window and number, before the log line.
+    ASSERT_EQ(notifications.size(), 1u);
+    EXPECT_EQ(notifications[0].dwMessage, 2);
+    EXPECT_EQ(notifications[0].record.cbSize, 88u);
+    EXPECT_EQ(notifications[0].record.uID, 1u);
+    EXPECT_EQ(notifications[0].record.hWnd, uintptr_t(tray.winId()));
+    EXPECT_EQ(notifications[0].terminatedLines, 0);
     EXPECT_EQ(LogCount(QStringLiteral("Skelda Terminated")), 1);
     const QString log = LogText();
     EXPECT_LT(log.indexOf(QStringLiteral("Skelda Starting")), log.indexOf(QStringLiteral("Skelda Terminated")));
-    if (tray.Icone != nullptr) {
-        EXPECT_FALSE(tray.Icone->isVisible());
-    }
     // No form unloads on the way out.
     EXPECT_TRUE(forms.Loaded<Form1>());
     EXPECT_TRUE(forms.Loaded<FrmIcone>());
@@ -316,9 +325,52 @@ TEST_F(Tray, QuitRemovesTheIconLogsAndEndsTheProcess) {
 
 TEST_F(Tray, QuitEndsTheProcessEvenWhenTheLogCantBeWritten) {
     FrmIcone& tray = StartForm();
+    // A file stands where the log's folder should be: the line can't be written.
     ASSERT_TRUE(QDir(QStringLiteral("log")).removeRecursively());
+    QFile obstacle(QStringLiteral("log"));
+    ASSERT_TRUE(obstacle.open(QIODevice::WriteOnly));
+    obstacle.close();
     tray.Quitter_Click();
     EXPECT_EQ(ended, 1);
+    ASSERT_EQ(notifications.size(), 1u);
+    EXPECT_EQ(notifications[0].dwMessage, 2);
+    EXPECT_TRUE(QFileInfo(QStringLiteral("log")).isFile());
+    EXPECT_EQ(QFileInfo(QStringLiteral("log")).size(), 0);
+    EXPECT_TRUE(boxes.shown.empty());
+    EXPECT_TRUE(runTimeEnds.empty());
+}
+
+TEST_F(Tray, QuitGoesOnPastAStatementThatFails) {
+    FrmIcone& tray = StartForm();
+    // The notification area fails to delete the icon: the log line and the end come all the same.
+    failingNotification = 2;
+    failingNotificationError = 5;
+    EXPECT_NO_THROW(tray.Quitter_Click());
+    ASSERT_EQ(notifications.size(), 1u);
+    EXPECT_EQ(LogCount(QStringLiteral("Skelda Terminated")), 1);
+    EXPECT_EQ(ended, 1);
+    EXPECT_TRUE(boxes.shown.empty());
+    EXPECT_TRUE(runTimeEnds.empty());
+}
+
+TEST_F(Tray, ClosingForm1LeavesTheIconAndThePollsGoingOn) {
+    FrmIcone& tray = StartForm();
+    Form1& f = Form();
+    tray.Timer1.Fire();  // the start ends: T runs, the first poll goes out
+    ASSERT_TRUE(server.WaitForRequests(1));
+    // A short interval stands for T's second, so that the next poll comes within the test.
+    f.T.SetInterval(10);
+    tray.MenuCourbe->trigger();
+    ASSERT_TRUE(f.isVisible());
+    EXPECT_FALSE(f.close());
+    EXPECT_TRUE(f.isHidden());
+    EXPECT_EQ(f.Tag, QStringLiteral("MASQUE"));
+    EXPECT_TRUE(server.WaitForRequests(2));
+    f.T.SetEnabled(false);
+    EXPECT_TRUE(forms.Loaded<Form1>());
+    EXPECT_TRUE(forms.Loaded<FrmIcone>());
+    EXPECT_EQ(ended, 0);
+    for (const Notification& n : notifications) EXPECT_NE(n.dwMessage, 2);  // the icon stays
 }
 
 }  // namespace

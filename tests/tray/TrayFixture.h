@@ -4,10 +4,14 @@
 
 #include <QAction>
 #include <QMenu>
+#include <functional>
+#include <vector>
 
+#include "AeroportsConfig.h"
 #include "FormMetaf.h"
 #include "FrmIcone.h"
 #include "acquisition/PollFixture.h"
+#include "ajoutareoports.h"
 
 namespace skelda::test {
 
@@ -17,6 +21,9 @@ protected:
         forms.Provide<FrmIcone>(&FrmIcone::Load);
         forms.ProvideAs<TrayForm, FrmIcone>();
         forms.Provide<FormMetaf>([](Forms& f) { return new FormMetaf(f.services()); });
+        forms.ProvideAs<PollingForm, Form1>();
+        forms.Provide<AeroportsConfig>(&AeroportsConfig::Load);
+        forms.Provide<ajoutareoports>(&ajoutareoports::Load);
     }
 
     // The start form, loaded now if it isn't. Its timer is stopped at once, so that only the
@@ -28,6 +35,14 @@ protected:
             timer1AtLoad = {tray.Timer1.Enabled(), tray.Timer1.Interval()};
             tray.Timer1.SetEnabled(false);
             tray.TerminerProcessus = [this] { ++ended; };
+            // Each later call to the notification area is noted with the record as it stood,
+            // then made.
+            std::function<void(int)> zone = tray.Shell_NotifyIconA;
+            tray.Shell_NotifyIconA = [this, &tray, zone](int dwMessage) {
+                notifications.push_back({dwMessage, tray.IconeNotif, LogCount(QStringLiteral("Skelda Terminated"))});
+                if (failingNotification == dwMessage) throw RuntimeError(failingNotificationError);
+                zone(dwMessage);
+            };
         }
         return tray;
     }
@@ -41,6 +56,18 @@ protected:
     };
     TimerState timer1AtLoad;
     int ended = 0;
+
+    // A call to the notification area: the message (0 add, 1 modify, 2 delete), the record, and
+    // how many "Skelda Terminated" lines the log held then.
+    struct Notification {
+        int dwMessage;
+        NotifyIconData record;
+        int terminatedLines;
+    };
+    std::vector<Notification> notifications;
+    // A message whose call fails, with that error, as a test asks; -1 for none.
+    int failingNotification = -1;
+    int failingNotificationError = 0;
 };
 
 }  // namespace skelda::test
