@@ -14,6 +14,7 @@
 #include "FrmIcone.h"
 #include "RunTime.h"
 #include "ScreenMessageBoxes.h"
+#include "SeedDatabase.h"
 #include "Servers.h"
 #include "StatistiqueMensuelle.h"
 #include "ajoutareoports.h"
@@ -60,6 +61,10 @@ int main(int argc, char* argv[]) {
                       ForecastPortal(),
                       NewsServer(),
                       ApplicationPath(QCoreApplication::arguments())};
+    // A database made by an earlier version gets this version's indexes, saved query and table of
+    // days, rows untouched; a file already up to date is only read. Whatever goes wrong here is
+    // left for the main window's load to meet, as a missing database always was.
+    UpgradeDatabase(services.applicationPath + QStringLiteral("/database.mdb"), DatabaseSchema());
     Forms forms(services);
     forms.Provide<Form1>(&LoadForm1WithPollCycle);
     forms.Provide<FrmIcone>(&FrmIcone::Load);

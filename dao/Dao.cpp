@@ -206,13 +206,51 @@ void OpenTable(RecordsetState& state, const QString& name, bool writable) {
     state.AddFields(state.nextRow.get(), 1);
 }
 
+// The text to run for a query: the program's text in SQLite's dialect, with its text sorts in
+// French order. The distinct values of one column (the list of days) are read from the table that
+// the database keeps of them when the file has one, or else by jumping through an index of the
+// column, so that the time they take follows the number of values, not of rows.
+QString QueryText(RecordsetState& state, const QString& source, std::optional<int>& kindFromColumn) {
+    Connection& connection = *state.connection;
+    const QString single = SingleTableOf(source);
+    std::shared_ptr<const TableInfo> info;
+    if (!single.isEmpty() && !connection.Object(single).isView) info = connection.Table(connection.Object(single).name);
+    const auto isText = [&info](QStringView name) {
+        const int column = info ? info->byName.value(Key(name.toString()), -1) : -1;
+        return column >= 0 && info->columns[size_t(column)].kind == ColumnKind::Text;
+    };
+    if (const std::optional<DistinctValues> distinct = DistinctValuesOf(source)) {
+        const SchemaObject* object = connection.Find(distinct->table);
+        const SchemaObject* values =
+            object ? connection.Find(DistinctValuesTable(object->name, distinct->column)) : nullptr;
+        if (object && !object->isView) {
+            const std::shared_ptr<const TableInfo> table = connection.Table(object->name);
+            const int column = table->byName.value(Key(distinct->column), -1);
+            const DistinctValues query{object->name, distinct->column, distinct->name};
+            if (column >= 0 && values && !values->isView) {
+                kindFromColumn = column;
+                state.table = table;
+                return DistinctValuesFromTable(query, values->name);
+            }
+            if (column >= 0 && connection.HasIndexLeadingWith(object->name, distinct->column)) {
+                kindFromColumn = column;
+                state.table = table;
+                return DistinctValuesByJumps(query);
+            }
+        }
+    }
+    return Translate(source, isText);
+}
+
 // Opens a query: run once and read whole, as the engine's snapshot is a copy of the result. A
 // dynaset of one table also reads the row numbers, for Edit.
-void OpenQuery(RecordsetState& state, const QString& source, const QString& translated, bool writable) {
+void OpenQuery(RecordsetState& state, const QString& source, bool writable) {
     Connection& connection = *state.connection;
+    std::optional<int> kindFromColumn;
+    const QString translated = QueryText(state, source, kindFromColumn);
     QString sql = translated;
     int first = 0;
-    if (writable) {
+    if (writable && !kindFromColumn) {
         const QString table = SingleTableOf(source);
         if (!table.isEmpty() && !connection.Object(table).isView) {
             state.table = connection.Table(connection.Object(table).name);
@@ -223,6 +261,12 @@ void OpenQuery(RecordsetState& state, const QString& source, const QString& tran
     }
     const Statement statement = connection.Prepare(sql, source);
     state.AddFields(statement.get(), first);
+    if (kindFromColumn) {
+        // The jumps give the values without the column's declared type: they read as the column.
+        state.fields[0].kind = state.table->columns[size_t(*kindFromColumn)].kind;
+        state.fields[0].tableColumn = -1;
+        state.table.reset();
+    }
     int code;
     while ((code = sqlite3_step(statement.get())) == SQLITE_ROW) {
         if (first == 1) state.rowids.push_back(sqlite3_column_int64(statement.get(), 0));
@@ -270,15 +314,14 @@ Recordset Database::OpenRecordset(const QString& source, int type) const {
     const bool writable = type != dbOpenSnapshot;
     if (dao::IsSqlText(source)) {
         if (type == dbOpenTable) dao::Fail(DaoInvalidOperation);
-        dao::OpenQuery(*state, source, dao::Translate(source), writable);
+        dao::OpenQuery(*state, source, writable);
     } else {
         QString name = source.trimmed();
         if (name.startsWith(u'[') && name.endsWith(u']')) name = name.mid(1, name.size() - 2);
         const dao::SchemaObject& object = connection.Object(name);
         if (object.isView && type == dbOpenTable) dao::Fail(DaoInvalidOperation);
         if (object.isView)
-            dao::OpenQuery(*state, source, QStringLiteral("SELECT * FROM %1").arg(dao::QuotedIdentifier(object.name)),
-                           false);
+            dao::OpenQuery(*state, QStringLiteral("SELECT * FROM [%1]").arg(object.name), false);
         else
             dao::OpenTable(*state, object.name, writable);
     }

@@ -2,6 +2,9 @@
 
 #include <sqlite3.h>
 
+#include <QCollator>
+#include <QLocale>
+
 #include "Dao.h"
 #include "DaoSql.h"
 
@@ -14,6 +17,22 @@ namespace {
          QStringLiteral("The Microsoft Jet database engine cannot find the input table or query '%1'. "
                         "Make sure it exists and that its name is spelled correctly.")
              .arg(name));
+}
+
+// Texts in the order a reader of French expects: accents are second to the letters and case
+// third, so that "Évreux" comes between "Dijon" and "Figari" rather than after "Zurich" as a
+// comparison of character codes puts it. SQLite hands over the texts in UTF-8.
+int CompareFrench(void*, int lengthA, const void* a, int lengthB, const void* b) {
+    // One collator for the process, made at the first comparison rather than at every opening
+    // of the file, which most events do without sorting any text.
+    static const QCollator collator(QLocale(QLocale::French, QLocale::France));
+    const QString left = QString::fromUtf8(static_cast<const char*>(a), lengthA);
+    const QString right = QString::fromUtf8(static_cast<const char*>(b), lengthB);
+    return collator.compare(left, right);
+}
+
+void RegisterFrenchCollation(sqlite3* db) {
+    sqlite3_create_collation_v2(db, kFrenchCollation, SQLITE_UTF8, nullptr, &CompareFrench, nullptr);
 }
 
 }  // namespace
@@ -31,6 +50,7 @@ void Connection::Open(const QString& file) {
     if (code != SQLITE_OK) FailWith(code);
     // Another program may be writing for a moment: wait for it rather than fail at once.
     sqlite3_busy_timeout(db, 2000);
+    RegisterFrenchCollation(db);
     LoadObjects();  // which also proves that the file is a database
 }
 
@@ -104,10 +124,15 @@ void Connection::LoadObjects() {
     if (code != SQLITE_DONE) FailWith(sqlite3_extended_errcode(db));
 }
 
-const SchemaObject& Connection::Object(const QString& name) const {
+const SchemaObject* Connection::Find(const QString& name) const {
     // Names are matched without regard to case, accented letters included.
     for (const SchemaObject& object : objects)
-        if (object.name.compare(name, Qt::CaseInsensitive) == 0) return object;
+        if (object.name.compare(name, Qt::CaseInsensitive) == 0) return &object;
+    return nullptr;
+}
+
+const SchemaObject& Connection::Object(const QString& name) const {
+    if (const SchemaObject* object = Find(name)) return *object;
     TableNotFound(name);
 }
 
@@ -130,6 +155,17 @@ std::shared_ptr<const TableInfo> Connection::Table(const QString& name) {
         for (TableColumn& column : info->columns) column.assignedByDatabase = false;
     tables.insert(Key(name), info);
     return info;
+}
+
+bool Connection::HasIndexLeadingWith(const QString& table, const QString& column) {
+    Statement indexes =
+        Prepare(QStringLiteral("SELECT 1 FROM pragma_index_list(?1) AS l, pragma_index_info(l.name) AS i "
+                               "WHERE l.partial = 0 AND i.seqno = 0 AND i.name = ?2 COLLATE NOCASE"),
+                {});
+    const QByteArray t = table.toUtf8(), c = column.toUtf8();
+    sqlite3_bind_text(indexes.get(), 1, t.constData(), int(t.size()), SQLITE_TRANSIENT);
+    sqlite3_bind_text(indexes.get(), 2, c.constData(), int(c.size()), SQLITE_TRANSIENT);
+    return sqlite3_step(indexes.get()) == SQLITE_ROW;
 }
 
 }  // namespace skelda::dao

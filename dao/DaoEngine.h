@@ -67,7 +67,11 @@ struct Connection {
     [[noreturn]] void FailWith(int code, const QString& source = {}) const;
     // The table or view of that name, in any case; 3078 when there's none.
     const SchemaObject& Object(const QString& name) const;
+    // The same, or nullptr when there's none.
+    const SchemaObject* Find(const QString& name) const;
     std::shared_ptr<const TableInfo> Table(const QString& name);
+    // True when an index of the table, a whole one, has the column as its first.
+    bool HasIndexLeadingWith(const QString& table, const QString& column);
 
 private:
     void LoadObjects();

@@ -3,6 +3,7 @@
 #include <QDate>
 #include <QStringList>
 #include <QTime>
+#include <algorithm>
 #include <optional>
 #include <vector>
 
@@ -152,7 +153,10 @@ QString DateLiteral(QStringView literal, QStringView sql) {
 
 class Translator {
 public:
-    Translator(QStringView sql, Tokens tokens) : sql_(sql), tokens_(std::move(tokens)) {}
+    Translator(QStringView sql, Tokens tokens, std::function<bool(QStringView)> isTextColumn = {})
+        : sql_(sql), tokens_(std::move(tokens)), isTextColumn_(std::move(isTextColumn)) {
+        if (isTextColumn_) FindTextSortTerms();
+    }
 
     QString Range(size_t from, size_t to) const {
         QString out;
@@ -176,11 +180,46 @@ private:
                 out += DateLiteral(token.text, sql_);
                 break;
             case TokenKind::Word:
-                return AppendWord(out, at);
+                at = AppendWord(out, at);
+                break;
             default:
                 out += token.text;
         }
+        if (std::find(textSortTerms_.begin(), textSortTerms_.end(), at) != textSortTerms_.end())
+            out += QStringLiteral(" COLLATE ") + QLatin1StringView(kFrenchCollation);
         return at;
+    }
+
+    // The ORDER BY terms of the outer query that are one text column, by the token that ends
+    // each. A term is a name, or a table and a name joined by a full stop, followed by ASC, DESC,
+    // a comma or the end of the clause.
+    void FindTextSortTerms() {
+        int depth = 0;
+        bool inOrderBy = false;
+        for (size_t i = 0; i < tokens_.size(); ++i) {
+            const Token& token = tokens_[i];
+            if (token.Is(u'(')) ++depth;
+            if (token.Is(u')')) --depth;
+            if (depth != 0 || token.kind == TokenKind::Space) continue;
+            if (token.IsWord(u"order")) {
+                const Token* next = Neighbour(tokens_, i, +1);
+                inOrderBy = next && next->IsWord(u"by");
+                continue;
+            }
+            if (token.IsWord(u"limit") || token.Is(u';')) inOrderBy = false;
+            if (!inOrderBy || !IsName(token)) continue;
+            const Token* before = Neighbour(tokens_, i, -1);
+            const Token* after = Neighbour(tokens_, i, +1);
+            const bool termStarts = before && (before->IsWord(u"by") || before->Is(u',') || before->Is(u'.'));
+            const bool termEnds = !after || after->Is(u',') || after->Is(u';') || after->IsWord(u"asc") ||
+                                  after->IsWord(u"desc") || after->IsWord(u"limit");
+            const QStringView name = token.kind == TokenKind::Bracketed ? token.Inner() : token.text;
+            if (termStarts && termEnds && isTextColumn_(name)) textSortTerms_.push_back(i);
+        }
+    }
+
+    static bool IsName(const Token& token) {
+        return token.kind == TokenKind::Word || token.kind == TokenKind::Bracketed;
     }
 
     size_t AppendWord(QString& out, size_t at) const {
@@ -237,6 +276,8 @@ private:
 
     QStringView sql_;
     Tokens tokens_;
+    std::function<bool(QStringView)> isTextColumn_;
+    std::vector<size_t> textSortTerms_;
 };
 
 }  // namespace
@@ -255,10 +296,90 @@ bool IsSqlText(const QString& source) {
     return false;
 }
 
-QString Translate(const QString& sql) {
+QString Translate(const QString& sql, const std::function<bool(QStringView)>& isTextColumn) {
     Tokens tokens = Tokenize(sql);
     const size_t count = tokens.size();
-    return Translator(sql, std::move(tokens)).Range(0, count);
+    return Translator(sql, std::move(tokens), isTextColumn).Range(0, count);
+}
+
+namespace {
+
+// Reads "[table.]column" at At of tokens without blanks; gives the column and moves At past it.
+std::optional<QString> ColumnAt(const Tokens& tokens, size_t& at, QString* qualifier) {
+    const auto name = [&](size_t i) -> std::optional<QString> {
+        if (i >= tokens.size()) return std::nullopt;
+        const Token& t = tokens[i];
+        if (t.kind == TokenKind::Bracketed) return t.Inner().toString();
+        if (t.kind == TokenKind::Word) return t.text.toString();
+        return std::nullopt;
+    };
+    std::optional<QString> first = name(at);
+    if (!first) return std::nullopt;
+    if (at + 2 < tokens.size() && tokens[at + 1].Is(u'.')) {
+        std::optional<QString> second = name(at + 2);
+        if (!second) return std::nullopt;
+        if (qualifier) *qualifier = *first;
+        at += 3;
+        return second;
+    }
+    if (qualifier) qualifier->clear();
+    at += 1;
+    return first;
+}
+
+bool SameName(const QString& a, const QString& b) { return a.compare(b, Qt::CaseInsensitive) == 0; }
+
+}  // namespace
+
+std::optional<DistinctValues> DistinctValuesOf(const QString& sql) {
+    Tokens tokens;
+    for (const Token& t : Tokenize(sql))
+        if (t.kind != TokenKind::Space) tokens.push_back(t);
+    size_t at = 0;
+    const auto word = [&](QStringView w) { return at < tokens.size() && tokens[at++].IsWord(w); };
+    DistinctValues query;
+    QString qualifier, table;
+    if (!word(u"select")) return std::nullopt;
+    const std::optional<QString> selected = ColumnAt(tokens, at, &qualifier);
+    if (!selected || !word(u"from")) return std::nullopt;
+    QString none;
+    const std::optional<QString> from = ColumnAt(tokens, at, &none);
+    if (!from || !none.isEmpty()) return std::nullopt;
+    const auto fits = [&](const std::optional<QString>& column, const QString& of) {
+        return column && SameName(*column, *selected) && (of.isEmpty() || SameName(of, *from));
+    };
+    if (!fits(selected, qualifier)) return std::nullopt;
+    for (QStringView clause : {u"group", u"order"}) {
+        if (!word(clause) || !word(u"by")) return std::nullopt;
+        const std::optional<QString> column = ColumnAt(tokens, at, &qualifier);
+        if (!fits(column, qualifier)) return std::nullopt;
+    }
+    if (at < tokens.size() && tokens[at].IsWord(u"asc")) ++at;
+    if (at < tokens.size() && tokens[at].Is(u';')) ++at;
+    if (at != tokens.size()) return std::nullopt;
+    return DistinctValues{*from, *selected, *selected};
+}
+
+QString DistinctValuesTable(const QString& table, const QString& column) { return table + u'.' + column; }
+
+QString DistinctValuesFromTable(const DistinctValues& query, const QString& valuesTable) {
+    return QStringLiteral("SELECT nullif(\"valeur\", x'') AS %2 FROM %1 ORDER BY \"valeur\" = x'' DESC, \"valeur\"")
+        .arg(QuotedIdentifier(valuesTable), QuotedIdentifier(query.name));
+}
+
+QString DistinctValuesByJumps(const DistinctValues& query) {
+    const QString t = QuotedIdentifier(query.table);
+    const QString c = QuotedIdentifier(query.column);
+    // Each step of the recursion is one search of the index for the least value above the last;
+    // min() over an indexed column with that bound reads one index entry.
+    return QStringLiteral(
+               "WITH RECURSIVE valeurs(v) AS ("
+               "SELECT min(%2) FROM %1 "
+               "UNION ALL SELECT (SELECT min(%2) FROM %1 WHERE %2 > valeurs.v) FROM valeurs WHERE valeurs.v IS NOT "
+               "NULL) "
+               "SELECT NULL AS %3 WHERE EXISTS (SELECT 1 FROM %1 WHERE %2 IS NULL) "
+               "UNION ALL SELECT v FROM valeurs WHERE v IS NOT NULL")
+        .arg(t, c, QuotedIdentifier(query.name));
 }
 
 QString SingleTableOf(const QString& sql) {

@@ -9,7 +9,20 @@
 
 namespace skelda {
 
-QString DateText(QDate date) { return date.toString(QStringLiteral("dd/MM/yyyy")); }
+QString DateText(QDate date) {
+    // Written by hand: a format string is read again at every call, and the list of days writes
+    // thousands of dates at a time.
+    if (!date.isValid()) return {};
+    int year = 0, month = 0, day = 0;
+    date.getDate(&year, &month, &day);
+    if (year < 0 || year > 9999) return date.toString(QStringLiteral("dd/MM/yyyy"));
+    const char16_t text[] = {
+        char16_t(u'0' + day / 10),    char16_t(u'0' + day % 10),        u'/',
+        char16_t(u'0' + month / 10),  char16_t(u'0' + month % 10),      u'/',
+        char16_t(u'0' + year / 1000), char16_t(u'0' + year / 100 % 10), char16_t(u'0' + year / 10 % 10),
+        char16_t(u'0' + year % 10)};
+    return QString(reinterpret_cast<const QChar*>(text), 10);
+}
 QString TimeText(QTime time) { return time.toString(QStringLiteral("HH:mm:ss")); }
 QString ShortTimeText(QTime time) { return time.toString(QStringLiteral("HH:mm")); }
 QString DateTimeText(const QDateTime& moment) { return DateText(moment.date()) + u' ' + TimeText(moment.time()); }

@@ -17,7 +17,12 @@ double ToSerial(const QDateTime& moment) {
     return days + fraction;
 }
 
-QDateTime FromSerialDate(double serial) {
+namespace {
+
+// The day and the time of day of a serial date. Kept apart from QDateTime, whose every
+// construction asks the system for the local time zone: turning the days of ten years into text
+// went through the time-zone file once a day.
+void SplitSerial(double serial, QDate& date, QTime& time) {
     double days = std::floor(serial);
     double fraction = serial - days;
     qint64 ms = qint64(std::llround(fraction * 86400000.0));
@@ -25,7 +30,17 @@ QDateTime FromSerialDate(double serial) {
         ms -= 86400000;
         days += 1;
     }
-    return QDateTime(kEpoch.addDays(qint64(days)), QTime::fromMSecsSinceStartOfDay(int(ms)));
+    date = kEpoch.addDays(qint64(days));
+    time = QTime::fromMSecsSinceStartOfDay(int(ms));
+}
+
+}  // namespace
+
+QDateTime FromSerialDate(double serial) {
+    QDate date;
+    QTime time;
+    SplitSerial(serial, date, time);
+    return QDateTime(date, time);
 }
 
 Variant Variant::Null() {
@@ -78,10 +93,12 @@ QString Variant::ToText() const {
         case Kind::Date: {
             // A date shows without its time at midnight, and a time of day 0 without its date.
             const double serial = std::get<DateTag>(v_).serial;
-            const QDateTime moment = FromSerialDate(serial);
-            if (std::floor(serial) == 0) return skelda::TimeText(moment.time());  // midnight too
-            if (moment.time() == QTime(0, 0)) return skelda::DateText(moment.date());
-            return DateTimeText(moment);
+            QDate date;
+            QTime time;
+            SplitSerial(serial, date, time);
+            if (std::floor(serial) == 0) return skelda::TimeText(time);  // midnight too
+            if (time == QTime(0, 0)) return skelda::DateText(date);
+            return skelda::DateText(date) + u' ' + skelda::TimeText(time);
         }
         case Kind::String:
             return std::get<QString>(v_);

@@ -7,7 +7,8 @@
 
 namespace skelda {
 
-// Appends one line: the current date and time as the regional settings write them, one blank,
+// Appends one line: the current date and time as a date-and-time value reads as text (the date
+// alone at exactly midnight, as the regional settings write it), one blank,
 // the message, and CR LF. The file is opened and closed for this one line, so nothing is lost
 // when the program ends abruptly. Logging never disturbs the caller: with no log/ folder, or a
 // file that can't be opened, the line is lost without a word. No code creates the folder.

@@ -4,6 +4,8 @@
 
 #include <QFile>
 #include <QHash>
+#include <QRegularExpression>
+#include <QSet>
 #include <QStringList>
 #include <memory>
 
@@ -145,7 +147,117 @@ bool Build(const QString& path, const QString& schemaSql, const QList<SeedAirpor
            InsertAirports(raw, airports, error) && Run(raw, QStringLiteral("COMMIT"), error);
 }
 
+// One object of a schema as sqlite_master lists it.
+struct SchemaEntry {
+    QString type;  // "index" or "view"
+    QString name;
+    QString sql;
+};
+
+// The indexes and views that have an SQL text of their own (not those made for a UNIQUE column).
+bool Entries(sqlite3* db, QList<SchemaEntry>& entries, QString* error) {
+    static const char sql[] =
+        "SELECT type, name, sql FROM sqlite_master WHERE type IN ('index', 'view') AND sql IS NOT NULL";
+    sqlite3_stmt* raw = nullptr;
+    if (sqlite3_prepare_v2(db, sql, -1, &raw, nullptr) != SQLITE_OK)
+        return Failed(error, QString::fromUtf8(sqlite3_errmsg(db)));
+    const std::unique_ptr<sqlite3_stmt, FinalizeStatement> list(raw);
+    const auto text = [raw](int column) {
+        return QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(raw, column)));
+    };
+    while (sqlite3_step(raw) == SQLITE_ROW) entries << SchemaEntry{text(0), text(1), text(2)};
+    return true;
+}
+
+int UserVersion(sqlite3* db) {
+    sqlite3_stmt* raw = nullptr;
+    if (sqlite3_prepare_v2(db, "PRAGMA user_version", -1, &raw, nullptr) != SQLITE_OK) return -1;
+    const std::unique_ptr<sqlite3_stmt, FinalizeStatement> pragma(raw);
+    return sqlite3_step(raw) == SQLITE_ROW ? sqlite3_column_int(raw, 0) : -1;
+}
+
+QString Quoted(const QString& name) { return u'"' + QString(name).replace(u'"', QStringLiteral("\"\"")) + u'"'; }
+
+// The schema's own indexes and views, read from a copy of it made in memory.
+bool SchemaEntries(const QString& schemaSql, QList<SchemaEntry>& entries, QString* error) {
+    sqlite3* raw = nullptr;
+    sqlite3_open_v2(":memory:", &raw, SQLITE_OPEN_READWRITE, nullptr);
+    const Handle memory(raw);
+    return raw && Run(raw, schemaSql, error) && Entries(raw, entries, error);
+}
+
+// Runs the statements of Sql one by one. A unique index that rows already in the file repeat can't
+// be built: that statement alone is left out, and KeptRepeats tells so.
+bool RunEach(sqlite3* db, const QString& sql, bool& keptRepeats, QString* error) {
+    const QByteArray text = sql.toUtf8();
+    const char* next = text.constData();
+    while (*next) {
+        sqlite3_stmt* raw = nullptr;
+        const char* tail = nullptr;
+        if (sqlite3_prepare_v2(db, next, -1, &raw, &tail) != SQLITE_OK)
+            return Failed(error, QString::fromUtf8(sqlite3_errmsg(db)));
+        next = tail;
+        if (!raw) continue;  // blanks and comments
+        const std::unique_ptr<sqlite3_stmt, FinalizeStatement> statement(raw);
+        int code;
+        while ((code = sqlite3_step(raw)) == SQLITE_ROW) {
+        }
+        if (code == SQLITE_DONE) continue;
+        if (code != SQLITE_CONSTRAINT) return Failed(error, QString::fromUtf8(sqlite3_errmsg(db)));
+        keptRepeats = true;
+    }
+    return true;
+}
+
+// The steps of an upgrade, inside its transaction: the schema run again, then the indexes that
+// it no longer has dropped, unless a new unique index couldn't be built in their place.
+bool ApplySchema(sqlite3* db, const QString& schemaSql, bool& keptRepeats, QString* error) {
+    QList<SchemaEntry> wanted, present;
+    if (!SchemaEntries(schemaSql, wanted, error) || !RunEach(db, schemaSql, keptRepeats, error) ||
+        !Entries(db, present, error))
+        return false;
+    QSet<QString> wantedNames;
+    for (const SchemaEntry& entry : wanted) wantedNames << entry.name.toLower();
+    for (const SchemaEntry& entry : present)
+        if (entry.type == u"index" && !wantedNames.contains(entry.name.toLower()) && !keptRepeats &&
+            !Run(db, QStringLiteral("DROP INDEX %1").arg(Quoted(entry.name)), error))
+            return false;
+    return true;
+}
+
 }  // namespace
+
+int SchemaVersion(const QString& schemaSql) {
+    static const QRegularExpression pragma(QStringLiteral(R"(PRAGMA\s+user_version\s*=\s*(\d+))"),
+                                           QRegularExpression::CaseInsensitiveOption);
+    const QRegularExpressionMatch match = pragma.match(schemaSql);
+    return match.hasMatch() ? match.captured(1).toInt() : 0;
+}
+
+Upgrade UpgradeDatabase(const QString& path, const QString& schemaSql, QString* error) {
+    sqlite3* raw = nullptr;
+    const int code = sqlite3_open_v2(path.toUtf8().constData(), &raw, SQLITE_OPEN_READWRITE, nullptr);
+    const Handle db(raw);
+    if (code != SQLITE_OK) {
+        Failed(error, raw ? QString::fromUtf8(sqlite3_errmsg(raw)) : QStringLiteral("can't open %1").arg(path));
+        return Upgrade::Failed;
+    }
+    sqlite3_busy_timeout(raw, 2000);
+    const int version = SchemaVersion(schemaSql);
+    const int current = UserVersion(raw);
+    if (current < 0) {
+        Failed(error, QString::fromUtf8(sqlite3_errmsg(raw)));
+        return Upgrade::Failed;
+    }
+    if (current >= version) return Upgrade::UpToDate;
+    bool keptRepeats = false;
+    if (!Run(raw, QStringLiteral("BEGIN IMMEDIATE"), error)) return Upgrade::Failed;
+    if (!ApplySchema(raw, schemaSql, keptRepeats, error) || !Run(raw, QStringLiteral("COMMIT"), error)) {
+        sqlite3_exec(raw, "ROLLBACK", nullptr, nullptr, nullptr);
+        return Upgrade::Failed;
+    }
+    return keptRepeats ? Upgrade::KeptOldRepeats : Upgrade::Upgraded;
+}
 
 QString DatabaseSchema() {
     QFile file(QStringLiteral(":/skelda/database/schema.sql"));

@@ -39,4 +39,23 @@ bool CreateDatabase(const QString& path, const QString& schemaSql, const QList<S
 // The same from the text of a seed file.
 bool CreateDatabase(const QString& path, const QString& schemaSql, const QString& airportsCsv, QString* error);
 
+// The layout version that SchemaSql sets (its "PRAGMA user_version = N"), or 0 when it sets none.
+int SchemaVersion(const QString& schemaSql);
+
+// What UpgradeDatabase did to a file.
+enum class Upgrade {
+    UpToDate,        // the file was already at the schema's version: nothing was touched
+    Upgraded,        // indexes and saved queries are now those of the schema
+    KeptOldRepeats,  // as Upgraded, except a unique index that rows already in the file repeat:
+                     // those rows are all kept, and the file keeps its older indexes instead
+    Failed,          // the file couldn't be opened or written: it stands as it was
+};
+
+// Brings the database file at Path, made under an older layout, up to the schema: the schema's
+// text is run again on it (it makes only what is missing, and its saved queries and triggers
+// afresh), and the indexes that the schema no longer has are dropped. No row of the file's own
+// tables is changed or lost, and all of it is one transaction. A file already at the schema's version is only read, so
+// that this costs next to nothing when there is nothing to do. A missing file is Failed, and is not created.
+Upgrade UpgradeDatabase(const QString& path, const QString& schemaSql, QString* error = nullptr);
+
 }  // namespace skelda

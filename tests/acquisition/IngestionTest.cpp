@@ -137,6 +137,28 @@ TEST_F(Ingestion, TheSameStationFileAgainIsADuplicateThatStillRefreshesTheLabels
     EXPECT_TRUE(server.WaitForDisconnections(2));
 }
 
+TEST_F(Ingestion, AStationFileWhoseCodeCantBeLookedUpFetchedTwiceIsOneRowAndOneDuplicateLine) {
+    // The apostrophe breaks the lookup's criterion, so the airport column stays Null.
+    const QByteArray report = "LF'B 021000Z 24013KT 9999 FEW016 12/08 Q1015 NOSIG\n";
+    Form1& f = Form();
+    Receive(f, StationReply(report));
+    Receive(f, StationReply(report));
+    EXPECT_EQ(db.Count(QStringLiteral("Zefir")), 1);
+    EXPECT_FALSE(Column("NumAéroport").isValid());
+    EXPECT_EQ(LogCount(QStringLiteral("ERROR UPDATE : Possibility of duplicate ")), 1);
+    EXPECT_EQ(LogCount(QStringLiteral("ERROR UPDATE : Possibility of duplicate LF'B")), 1);
+}
+
+TEST_F(Ingestion, AReplyWithoutAReadableDayOrTimeFetchedTwiceIsOneRowAndOneDuplicateLine) {
+    // An error page of the server: its body goes to the decoder as if it were a report.
+    const QByteArray page = "HTTP/1.0 200 OK\r\n\r\n<html><body>Service unavailable, try later</body></html>\n";
+    Form1& f = Form();
+    Receive(f, page);
+    Receive(f, page);
+    EXPECT_EQ(db.Count(QStringLiteral("Zefir")), 1);
+    EXPECT_EQ(LogCount(QStringLiteral("ERROR UPDATE : Possibility of duplicate ")), 1);
+}
+
 TEST_F(Ingestion, AHeadSplitOverTwoPacketsIsReadFromTheSecond) {
     Form1& f = Form();
     Connect(f);

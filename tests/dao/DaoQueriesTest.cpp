@@ -201,7 +201,7 @@ TEST_F(DaoQueriesTest, TheMonthQueryGivesOneRowADayWithThePeak) {
     EXPECT_EQ(rs.Fields(u"mois"_s).ToInt16(), 11);
     EXPECT_EQ(rs.Fields(u"annee"_s).ToInt16(), 2004);
     EXPECT_DOUBLE_EQ(rs.Fields(u"zefirmoyen"_s).ToDouble(), 62.0 / 3);
-    EXPECT_EQ(rs.Fields(u"zefirmaxi"_s), Variant(int16_t(25)));
+    EXPECT_EQ(rs.Fields(u"zefirmaxi"_s).ToInt16(), 25);
     EXPECT_EQ(rs.Fields(u"heuredepointe"_s), Variant::FromTime(QTime(11, 0)));  // the first time at the peak
     EXPECT_EQ(rs.Fields(u"Orientation"_s).ToText(), u"270"_s);
     EXPECT_EQ(rs.Fields(u"Orientation"_s).ToInt16(), 270);
@@ -244,4 +244,99 @@ TEST_F(DaoQueriesTest, ATypedObservationIsNotInTheChartOfItsAirport) {
     zefir.Update();
     EXPECT_TRUE(base.OpenRecordset(DayQuery(1, day), dbOpenSnapshot).Eof());
     EXPECT_FALSE(base.OpenRecordset(kListOfDays, dbOpenSnapshot).Eof());
+}
+
+// A variable wind is stored with its speed negated; the day's figures take the speed as it blows.
+TEST_F(DaoQueriesTest, VariableWindsCountAsTheirSpeedInTheDaysMeanAndPeak) {
+    db.AddObservation(At(1, day, QTime(10, 0), 3, 10, 1013, u"200"_s));
+    db.AddObservation(At(1, day, QTime(11, 0), -8, 10, 1013, u""_s));  // 8 knots, variable
+    db.AddObservation(At(1, day, QTime(12, 0), 6, 10, 1013, u"250"_s));
+    db.AddObservation(At(1, day, QTime(13, 0), -5, 10, 1013, u""_s));
+
+    Recordset rs = base.OpenRecordset(MonthQuery(1, 11, 2004), dbOpenSnapshot);
+    ASSERT_FALSE(rs.Eof());
+    EXPECT_DOUBLE_EQ(rs.Fields(u"zefirmoyen"_s).ToDouble(), (3.0 + 8 + 6 + 5) / 4);
+    EXPECT_EQ(rs.Fields(u"zefirmaxi"_s).ToInt16(), 8);
+    EXPECT_EQ(rs.Fields(u"heuredepointe"_s), Variant::FromTime(QTime(11, 0)));
+}
+
+TEST_F(DaoQueriesTest, ADayOfVariableWindsReadsAPositiveMeanAndItsStrongestWindAsThePeak) {
+    db.AddObservation(At(1, day, QTime(9, 0), -3, 10, 1013, u""_s));
+    db.AddObservation(At(1, day, QTime(10, 0), -7, 10, 1013, u""_s));
+    db.AddObservation(At(1, day, QTime(11, 0), -2, 10, 1013, u""_s));
+
+    Recordset rs = base.OpenRecordset(MonthQuery(1, 11, 2004), dbOpenSnapshot);
+    ASSERT_FALSE(rs.Eof());
+    EXPECT_DOUBLE_EQ(rs.Fields(u"zefirmoyen"_s).ToDouble(), 4);
+    EXPECT_EQ(rs.Fields(u"zefirmaxi"_s).ToInt16(), 7);
+    EXPECT_EQ(rs.Fields(u"heuredepointe"_s), Variant::FromTime(QTime(10, 0)));
+}
+
+TEST_F(DaoQueriesTest, AVariableWindAsStrongAsASteadyOneIsThePeakWhenItCameFirst) {
+    db.AddObservation(At(1, day, QTime(9, 0), -9, 10, 1013, u""_s));
+    db.AddObservation(At(1, day, QTime(10, 0), 9, 10, 1013, u"090"_s));
+    Recordset rs = base.OpenRecordset(MonthQuery(1, 11, 2004), dbOpenSnapshot);
+    ASSERT_FALSE(rs.Eof());
+    EXPECT_EQ(rs.Fields(u"zefirmaxi"_s).ToInt16(), 9);
+    EXPECT_EQ(rs.Fields(u"heuredepointe"_s), Variant::FromTime(QTime(9, 0)));
+}
+
+// The lists of airports sort their cities as a reader of French expects: an accented capital
+// with its letter, not after Z.
+TEST_F(DaoQueriesTest, CitiesSortAsAReaderOfFrenchExpects) {
+    TestDatabase cities{
+        {Airport(u"LSZH"_s, u"Zurich"_s, u"Zürich"_s), Airport(u"LFOE"_s, u"Évreux"_s, u"Fauville"_s),
+         Airport(u"LFSD"_s, u"Dijon"_s, u"Longvic"_s), Airport(u"EGPH"_s, u"Édimbourg"_s, u"Edinburgh"_s),
+         Airport(u"LFKF"_s, u"Figari"_s, u"Sud-Corse"_s), Airport(u"LFLX"_s, u"Châteauroux"_s, u"Déols"_s),
+         Airport(u"LFOK"_s, u"Chalons"_s, u"Vatry"_s), Airport(u"LFPB"_s, u"edinburgh"_s, u"x"_s)}};
+    Database other = OpenDatabase(cities.Path());
+    const QStringList expected{u"Chalons"_s,   u"Châteauroux"_s, u"Dijon"_s,  u"Édimbourg"_s,
+                               u"edinburgh"_s, u"Évreux"_s,      u"Figari"_s, u"Zurich"_s};
+    for (const QString& sql : {kActiveAirports, kAirportsByCity})
+        for (int type : {dbOpenSnapshot, dbOpenDynaset})
+            EXPECT_EQ(Texts(Column(other.OpenRecordset(sql, type), u"ville"_s)), expected) << sql.toStdString();
+}
+
+TEST_F(DaoQueriesTest, TheListOfDaysPutsAnUnreadableDayFirstAsGroupingDoes) {
+    db.AddObservation(At(1, QDate(2004, 11, 2), QTime(10, 0), 10));
+    db.AddObservation(At(1, QDate(2004, 1, 15), QTime(10, 0), 10));
+    ASSERT_TRUE(db.Exec(u"INSERT INTO Zefir (NumAéroport, daterelevé, heurerelevé) VALUES (1, NULL, '10:00:00')"_s));
+    ASSERT_TRUE(db.Exec(u"INSERT INTO Zefir (NumAéroport, daterelevé, heurerelevé) VALUES (2, NULL, '10:00:00')"_s));
+    Recordset rs = base.OpenRecordset(kListOfDays, dbOpenSnapshot);
+    EXPECT_EQ(Column(rs, u"DateRelevé"_s), (QList<Variant>{Variant::Null(), Variant::FromDate(QDate(2004, 1, 15)),
+                                                           Variant::FromDate(QDate(2004, 11, 2))}));
+}
+
+// The days are read from the table the database keeps of them; a file without it is read by
+// jumping through the index of the day, and one without either by grouping every row: the same
+// days in every case.
+TEST_F(DaoQueriesTest, TheListOfDaysIsTheSameFromTheTableOfDaysTheIndexOrTheRows) {
+    db.AddObservation(At(1, QDate(2004, 11, 2), QTime(10, 0), 10));
+    db.AddObservation(At(2, QDate(2004, 11, 2), QTime(10, 0), 10));
+    db.AddObservation(At(1, QDate(2003, 12, 31), QTime(10, 0), 10));
+    ASSERT_TRUE(db.Exec(u"INSERT INTO Zefir (NumAéroport, daterelevé, heurerelevé) VALUES (3, NULL, '10:00:00')"_s));
+    const QList<Variant> days{Variant::Null(), Variant::FromDate(QDate(2003, 12, 31)),
+                              Variant::FromDate(QDate(2004, 11, 2))};
+    EXPECT_EQ(db.Count(u"Zefir.daterelevé"_s), 3);
+    EXPECT_EQ(Column(base.OpenRecordset(kListOfDays, dbOpenSnapshot), u"DateRelevé"_s), days);
+    base.Close();
+    for (const QString& drop : {u"DROP TABLE \"Zefir.daterelevé\""_s, u"DROP INDEX \"Jours\""_s}) {
+        ASSERT_TRUE(db.Exec(drop));
+        Database again = OpenDatabase(db.Path());
+        EXPECT_EQ(Column(again.OpenRecordset(kListOfDays, dbOpenSnapshot), u"DateRelevé"_s), days)
+            << drop.toStdString();
+    }
+}
+
+TEST_F(DaoQueriesTest, TheTableOfDaysFollowsRowsThatComeChangeAndGo) {
+    db.AddObservation(At(1, QDate(2004, 11, 2), QTime(10, 0), 10));
+    db.AddObservation(At(1, QDate(2004, 11, 2), QTime(10, 30), 10));
+    db.AddObservation(At(1, QDate(2004, 11, 3), QTime(10, 0), 10));
+    ASSERT_TRUE(db.Exec(u"DELETE FROM Zefir WHERE heurerelevé = '10:30:00'"_s));  // the 2nd still has a row
+    ASSERT_TRUE(db.Exec(u"UPDATE Zefir SET daterelevé = '2004-11-04' WHERE daterelevé = '2004-11-03'"_s));
+    EXPECT_EQ(Column(base.OpenRecordset(kListOfDays, dbOpenSnapshot), u"DateRelevé"_s),
+              (QList<Variant>{Variant::FromDate(QDate(2004, 11, 2)), Variant::FromDate(QDate(2004, 11, 4))}));
+    ASSERT_TRUE(db.Exec(u"DELETE FROM Zefir"_s));
+    EXPECT_EQ(db.Count(u"Zefir.daterelevé"_s), 0);
+    EXPECT_TRUE(base.OpenRecordset(kListOfDays, dbOpenSnapshot).Eof());
 }

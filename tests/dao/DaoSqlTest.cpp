@@ -111,3 +111,31 @@ TEST(DaoCriteria, AnyOtherShapeIsASyntaxError) {
         EXPECT_EQ(ErrorOf([&] { ParseCriterion(text); }), DaoSyntaxInCriteria) << text.toStdString();
     }
 }
+
+TEST(DaoSql, ATextColumnInOrderBySortsInFrenchOrder) {
+    const auto isText = [](QStringView name) { return name.compare(u"ville", Qt::CaseInsensitive) == 0; };
+    EXPECT_EQ(Translate(u"select * from aéroports  where (activé = true) order by ville"_s, isText),
+              u"select * from aéroports  where (activé = 1) order by ville COLLATE FRANCAIS"_s);
+    EXPECT_EQ(Translate(u"select * from a order by [Ville] desc, idx"_s, isText),
+              u"select * from a order by \"Ville\" COLLATE FRANCAIS desc, idx"_s);
+    EXPECT_EQ(Translate(u"select * from a order by a.ville;"_s, isText),
+              u"select * from a order by a.ville COLLATE FRANCAIS;"_s);
+    // Only whole terms of the outer query's ORDER BY: not a comparison, not a function's argument.
+    EXPECT_EQ(Translate(u"select * from a where ville = 'x' order by upper(ville)"_s, isText),
+              u"select * from a where ville = 'x' order by upper(ville)"_s);
+    EXPECT_EQ(Translate(u"select * from a order by ville"_s), u"select * from a order by ville"_s);
+}
+
+TEST(DaoSql, TheListOfDaysIsTheDistinctValuesOfOneColumn) {
+    const auto days =
+        DistinctValuesOf(u"SELECT Zefir.DateRelevé From zefir GROUP BY Zefir.DateRelevé ORDER BY Zefir.DateRelevé;"_s);
+    ASSERT_TRUE(days.has_value());
+    EXPECT_EQ(days->table, u"zefir"_s);
+    EXPECT_EQ(days->column, u"DateRelevé"_s);
+    EXPECT_TRUE(DistinctValuesOf(u"select [d] from [t] group by t.d order by d"_s).has_value());
+    for (const QString& other :
+         {u"SELECT d FROM t GROUP BY d ORDER BY d DESC"_s, u"SELECT d FROM t GROUP BY e ORDER BY d"_s,
+          u"SELECT d FROM t WHERE x = 1 GROUP BY d ORDER BY d"_s, u"SELECT u.d FROM t GROUP BY d ORDER BY d"_s,
+          u"SELECT d FROM t GROUP BY d"_s, u"SELECT d, e FROM t GROUP BY d ORDER BY d"_s})
+        EXPECT_FALSE(DistinctValuesOf(other).has_value()) << other.toStdString();
+}

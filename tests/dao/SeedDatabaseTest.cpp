@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <QFile>
+#include <QSet>
 #include <QTemporaryDir>
 
 #include "Dao.h"
@@ -23,8 +24,8 @@ const QString kSeed =
 
 TEST(SeedDatabase, TheSchemaIsBuiltIn) {
     const QString schema = DatabaseSchema();
-    EXPECT_TRUE(schema.contains(u"CREATE TABLE \"Aéroports\""_s));
-    EXPECT_TRUE(schema.contains(u"CREATE TABLE \"Zefir\""_s));
+    EXPECT_TRUE(schema.contains(u"CREATE TABLE IF NOT EXISTS \"Aéroports\""_s));
+    EXPECT_TRUE(schema.contains(u"CREATE TABLE IF NOT EXISTS \"Zefir\""_s));
     EXPECT_TRUE(schema.contains(u"CREATE VIEW \"Heure de pointe selon zefir\""_s));
 }
 
@@ -100,4 +101,143 @@ TEST(SeedDatabase, AnOldFileIsReplacedAndAFailureLeavesItStanding) {
     EXPECT_FALSE(error.isEmpty());
     EXPECT_NO_THROW(OpenDatabase(path).OpenRecordset(u"Aéroports"_s));
     EXPECT_FALSE(QFile::exists(path + u".building"_s));
+}
+
+// The delivered table of airports, read as the build reads it.
+namespace {
+
+QList<SeedAirport> DeliveredAirports() {
+    QFile file(QStringLiteral(SKELDA_SOURCE_DIR "/data/airports.csv"));
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+    QList<SeedAirport> airports;
+    QString error;
+    EXPECT_TRUE(ParseAirports(QString::fromUtf8(file.readAll()), airports, &error)) << error.toStdString();
+    return airports;
+}
+
+const SeedAirport* ByCode(const QList<SeedAirport>& airports, const QString& code) {
+    for (const SeedAirport& airport : airports)
+        if (airport.ida == code) return &airport;
+    return nullptr;
+}
+
+}  // namespace
+
+TEST(DeliveredAirports, OranEsSeniaIsDaooAndTlemcensCodeIsNotGivenToOran) {
+    const QList<SeedAirport> airports = DeliveredAirports();
+    const SeedAirport* oran = ByCode(airports, u"DAOO"_s);
+    ASSERT_NE(oran, nullptr);
+    EXPECT_EQ(oran->ville, u"Oran"_s);
+    EXPECT_TRUE(oran->aeroport.startsWith(u"Oran"_s));
+    const SeedAirport* daon = ByCode(airports, u"DAON"_s);
+    if (daon != nullptr) {
+        EXPECT_NE(daon->ville, u"Oran"_s);  // DAON is Tlemcen-Zenata
+    }
+}
+
+TEST(DeliveredAirports, EveryCodeIsFourCapitalLettersAndNamesOneAirport) {
+    const QList<SeedAirport> airports = DeliveredAirports();
+    ASSERT_GT(airports.size(), 160);
+    QSet<QString> seen;
+    for (const SeedAirport& airport : airports) {
+        EXPECT_EQ(airport.ida.size(), 4) << airport.ida.toStdString();
+        for (QChar c : airport.ida) EXPECT_TRUE(c >= u'A' && c <= u'Z') << airport.ida.toStdString();
+        EXPECT_FALSE(seen.contains(airport.ida)) << airport.ida.toStdString();
+        seen.insert(airport.ida);
+    }
+}
+
+// A database made by an earlier version: its observations, its indexes and its saved query.
+namespace {
+
+const QString kEarlierLayout =
+    uR"(
+CREATE TABLE "Aéroports" ("idx" INTEGER PRIMARY KEY AUTOINCREMENT, "IDA" TEXT COLLATE NOCASE, "aéroport" TEXT,
+    "ville" TEXT COLLATE NOCASE, "timezone" TEXT, "activé" BOOLEAN, "préféré" BOOLEAN, "codeforecast" TEXT);
+CREATE TABLE "Zefir" ("NumAéroport" INTEGER, "lieu" TEXT, "daterelevé" DATE, "heurerelevé" TIME,
+    "forcenoeuds" SMALLINT, "orientationdegré" TEXT, "forcerafale" SMALLINT, "zefirvariable" BOOLEAN,
+    "secteur1" SMALLINT, "secteur2" SMALLINT, "visibilité" TEXT, "temps" TEXT, "nuage" TEXT,
+    "température" SMALLINT, "pression" SMALLINT, "METAF" TEXT);
+CREATE UNIQUE INDEX "Relevé" ON "Zefir" ("NumAéroport", "daterelevé", "heurerelevé");
+CREATE UNIQUE INDEX "Relevé saisi" ON "Zefir" ("lieu", "daterelevé", "heurerelevé") WHERE "NumAéroport" IS NULL;
+CREATE INDEX "Jours" ON "Zefir" ("daterelevé");
+CREATE VIEW "Heure de pointe selon zefir" AS SELECT "NumAéroport" AS "numaéroport", avg("forcenoeuds") AS "zefirmoyen"
+    FROM "Zefir" GROUP BY "NumAéroport", "daterelevé";
+INSERT INTO "Aéroports" ("IDA", "aéroport", "ville", "activé", "préféré") VALUES ('LFPB', 'Le Bourget', 'Paris', 1, 1);
+INSERT INTO "Zefir" ("NumAéroport", "daterelevé", "heurerelevé", "forcenoeuds") VALUES (1, '2004-11-02', '10:00:00', -6);
+INSERT INTO "Zefir" ("NumAéroport", "daterelevé", "heurerelevé", "forcenoeuds") VALUES (1, '2004-11-02', '10:30:00', 2);
+INSERT INTO "Zefir" ("NumAéroport", "daterelevé", "heurerelevé", "forcenoeuds") VALUES (NULL, '2004-11-02', '10:00:00', 3);
+)"_s;
+
+// Makes the earlier database at Path with SQLite's own hands, plus Extra.
+void MakeEarlierDatabase(const QString& path, const QString& extra = {}) {
+    QString error;
+    // The seed's own maker runs any SQL text; an empty list of airports adds nothing.
+    ASSERT_TRUE(CreateDatabase(path, kEarlierLayout + extra, QList<SeedAirport>{}, &error)) << error.toStdString();
+}
+
+int Count(const QString& path, const QString& sql) {
+    Database base = OpenDatabase(path);
+    Recordset rs = base.OpenRecordset(sql, dbOpenSnapshot);
+    return rs.Eof() ? 0 : rs.Fields(u"n"_s).ToInt32();
+}
+
+int AddUnresolvedRow(const QString& path) {
+    Database base = OpenDatabase(path);
+    Recordset zefir = base.OpenRecordset(u"Zefir"_s, dbOpenDynaset);
+    zefir.AddNew();
+    zefir.SetField(u"daterelevé"_s, u"02/11/2004"_s);
+    zefir.SetField(u"heurerelevé"_s, u"10:00"_s);
+    try {
+        zefir.Update();
+    } catch (const RuntimeError& e) {
+        return e.Number();
+    }
+    return 0;
+}
+
+}  // namespace
+
+TEST(UpgradeDatabase, TheSchemaSaysItsVersion) { EXPECT_EQ(SchemaVersion(DatabaseSchema()), 2); }
+
+TEST(UpgradeDatabase, AnEarlierFileGetsTheNewIndexAndSavedQueryAndKeepsItsRows) {
+    QTemporaryDir dir;
+    const QString path = dir.filePath(u"database.mdb"_s);
+    MakeEarlierDatabase(path);
+    EXPECT_EQ(AddUnresolvedRow(path), 0);  // under the earlier rule, a Null airport repeats freely
+    ASSERT_EQ(Count(path, u"select count(*) as n from zefir"_s), 4);
+
+    QString error;
+    EXPECT_EQ(UpgradeDatabase(path, DatabaseSchema(), &error), Upgrade::KeptOldRepeats) << error.toStdString();
+    EXPECT_EQ(Count(path, u"select count(*) as n from zefir"_s), 4);
+
+    QTemporaryDir clean;
+    const QString other = clean.filePath(u"database.mdb"_s);
+    MakeEarlierDatabase(other);
+    EXPECT_EQ(UpgradeDatabase(other, DatabaseSchema(), &error), Upgrade::Upgraded) << error.toStdString();
+    EXPECT_EQ(Count(other, u"select count(*) as n from zefir"_s), 3);
+    EXPECT_EQ(AddUnresolvedRow(other), int(DaoDuplicateKey));
+    // The table of days is made and filled from the rows already there.
+    EXPECT_EQ(Count(other, u"select count(*) as n from [Zefir.daterelevé]"_s), 1);
+    // The saved query is the new one: the variable wind counts as 6 knots.
+    Database base = OpenDatabase(other);
+    Recordset day = base.OpenRecordset(
+        u"select [Heure de pointe selon zefir].* from [Heure de pointe selon zefir] where numaéroport = 1 and mois = 11 and annee=2004"_s,
+        dbOpenSnapshot);
+    ASSERT_FALSE(day.Eof());
+    EXPECT_DOUBLE_EQ(day.Fields(u"zefirmoyen"_s).ToDouble(), 4);
+    EXPECT_EQ(day.Fields(u"zefirmaxi"_s).ToInt16(), 6);
+    base.Close();
+    // Done once: the file now says it is up to date.
+    EXPECT_EQ(UpgradeDatabase(other, DatabaseSchema(), &error), Upgrade::UpToDate);
+}
+
+TEST(UpgradeDatabase, AFreshFileIsUpToDateAndAMissingOneIsNotCreated) {
+    QTemporaryDir dir;
+    const QString path = dir.filePath(u"database.mdb"_s);
+    EXPECT_EQ(UpgradeDatabase(path, DatabaseSchema()), Upgrade::Failed);
+    EXPECT_FALSE(QFile::exists(path));
+    QString error;
+    ASSERT_TRUE(CreateDatabase(path, DatabaseSchema(), QList<SeedAirport>{}, &error));
+    EXPECT_EQ(UpgradeDatabase(path, DatabaseSchema()), Upgrade::UpToDate);
 }

@@ -84,3 +84,11 @@ TEST(Variant, DatesAndTimesReadBackAndShowByTheSettings) {
     EXPECT_EQ(Variant(QStringLiteral("10:00")).ToDateTime().time(), QTime(10, 0));
     EXPECT_THROW((void)Variant(QStringLiteral("soon")).ToDateTime(), RuntimeError);
 }
+
+TEST(Regional, DatesKeepTwoDigitDaysAndMonthsAndFourDigitYears) {
+    EXPECT_EQ(DateText(QDate(1899, 12, 30)), QStringLiteral("30/12/1899"));
+    EXPECT_EQ(DateText(QDate(100, 1, 1)), QStringLiteral("01/01/0100"));
+    EXPECT_EQ(DateText(QDate(9999, 12, 31)), QStringLiteral("31/12/9999"));
+    EXPECT_EQ(DateText(QDate(2004, 11, 2)), QDate(2004, 11, 2).toString(QStringLiteral("dd/MM/yyyy")));
+    EXPECT_EQ(DateText(QDate()), QString());
+}

@@ -1,4 +1,5 @@
 #include "Log.h"
+#include "Variant.h"
 
 #include <QDir>
 #include <QFile>
@@ -55,6 +56,29 @@ TEST_F(InTemporaryDirectory, AnEmptyMessageGivesTheStampAndOneBlank) {
     QDir().mkdir(QStringLiteral("log"));
     EcrireLog(QString(), clock);
     EXPECT_EQ(LogText(), QStringLiteral("02/11/2004 10:00:05 \r\n"));
+}
+
+TEST_F(InTemporaryDirectory, AtMidnightTheStampIsTheDateAloneAsTheDefaultConversionGivesIt) {
+    QDir().mkdir(QStringLiteral("log"));
+    clock.Set(QDateTime(QDate(2004, 11, 2), QTime(0, 0, 0)));
+    EcrireLog(QStringLiteral("Skelda Starting"), clock);
+    // The same moment, converted by the program's own default rule, and the literal text.
+    EXPECT_EQ(LogText(), Variant::FromDateTime(clock.Now()).ToText() + QStringLiteral(" Skelda Starting\r\n"));
+    EXPECT_EQ(LogText(), QStringLiteral("02/11/2004 Skelda Starting\r\n"));
+}
+
+TEST_F(InTemporaryDirectory, AFractionOfASecondAfterMidnightStillStampsTheDateAlone) {
+    QDir().mkdir(QStringLiteral("log"));
+    clock.Set(QDateTime(QDate(2004, 11, 2), QTime(0, 0, 0, 437)));
+    EcrireLog(QStringLiteral("x"), clock);
+    EXPECT_EQ(LogText(), QStringLiteral("02/11/2004 x\r\n"));
+}
+
+TEST_F(InTemporaryDirectory, OneSecondAfterMidnightTheStampHasItsTime) {
+    QDir().mkdir(QStringLiteral("log"));
+    clock.Set(QDateTime(QDate(2004, 11, 2), QTime(0, 0, 1, 900)));
+    EcrireLog(QStringLiteral("x"), clock);
+    EXPECT_EQ(LogText(), QStringLiteral("02/11/2004 00:00:01 x\r\n"));
 }
 
 TEST_F(InTemporaryDirectory, TheFileOnlyGrows) {

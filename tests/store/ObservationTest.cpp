@@ -136,3 +136,88 @@ TEST_F(ObservationRow, EachColumnIsOneStatementAndAFailedOneLeavesTheOthersWritt
     EXPECT_EQ(Stored(u"pression"_s).toInt(), 1015);
     EXPECT_EQ(Stored(u"METAF"_s).toString(), u"LFPB 021000Z"_s);
 }
+
+// Null in the airport, date or time of an observation counts as a value: the same unreadable
+// report stored twice is one observation, refused the second time like any other repeat.
+namespace {
+
+class NullInTheKey : public ObservationRow {
+protected:
+    // Stores a reply's row whose airport lookup fails, so that NumAéroport stays Null, as a station
+    // code with an apostrophe leaves it. Gives the last failure of the writer's statements.
+    int StoreUnresolved(const QString& day, const QString& time, const QString& metaf) {
+        Recordset zefir = base.OpenRecordset(u"Zefir"_s, dbOpenDynaset);
+        Bulletin releve;
+        releve.DateReleve = day;
+        releve.HeureReleve = time;
+        releve.ForceNoeuds = 7;
+        ResumeNext step;
+        AjouterReleve(
+            zefir, step, u"NumAéroport"_s, []() -> Variant { throw RuntimeError(DaoSyntaxInCriteria); }, releve, metaf);
+        return step.Number();
+    }
+    int StoreAt(const Variant& airport, const QString& day, const QString& time) {
+        Recordset zefir = base.OpenRecordset(u"Zefir"_s, dbOpenDynaset);
+        Bulletin releve;
+        releve.DateReleve = day;
+        releve.HeureReleve = time;
+        ResumeNext step;
+        AjouterReleve(
+            zefir, step, u"NumAéroport"_s, [&] { return airport; }, releve, u"x"_s);
+        return step.Number();
+    }
+    // A typed row, each statement a step as hand entry runs it; gives the last failure.
+    int Typed(const QString& lieu, const QString& day, const QString& time) {
+        Recordset zefir = base.OpenRecordset(u"Zefir"_s, dbOpenDynaset);
+        ResumeNext step;
+        step([&] { zefir.AddNew(); });
+        step([&] { zefir.SetField(u"lieu"_s, lieu); });
+        step([&] { zefir.SetField(u"daterelevé"_s, day); });
+        step([&] { zefir.SetField(u"heurerelevé"_s, time); });
+        step([&] { zefir.Update(); });
+        return step.Number();
+    }
+};
+
+}  // namespace
+
+TEST_F(NullInTheKey, AnUnresolvedStationStoredTwiceIsOneRowAndTheSecondIs3022) {
+    EXPECT_EQ(StoreUnresolved(u"02/11/2004"_s, u"10:00"_s, u"L'FB 021000Z"_s), int(DaoSyntaxInCriteria));
+    EXPECT_EQ(StoreUnresolved(u"02/11/2004"_s, u"10:00"_s, u"L'FB 021000Z"_s), int(DaoDuplicateKey));
+    EXPECT_EQ(db.Count(u"Zefir"_s), 1);
+    EXPECT_FALSE(Stored(u"NumAéroport"_s).isValid());
+}
+
+TEST_F(NullInTheKey, AnUnreadableDateOrTimeStoredTwiceIsOneRow) {
+    // Null date (the text isn't a date: its statement is skipped), then Null time, then both (an
+    // empty text isn't a date or a time either).
+    EXPECT_EQ(StoreAt(Variant(int32_t(1)), u"32/13/2004"_s, u"10:00"_s), int(DaoConversionError));
+    EXPECT_EQ(StoreAt(Variant(int32_t(1)), u"32/13/2004"_s, u"10:00"_s), int(DaoDuplicateKey));
+    EXPECT_EQ(StoreAt(Variant(int32_t(1)), u"02/11/2004"_s, u"99:99"_s), int(DaoConversionError));
+    EXPECT_EQ(StoreAt(Variant(int32_t(1)), u"02/11/2004"_s, u"99:99"_s), int(DaoDuplicateKey));
+    EXPECT_EQ(StoreAt(Variant(int32_t(1)), u""_s, u""_s), int(DaoConversionError));
+    EXPECT_EQ(StoreAt(Variant(int32_t(1)), u""_s, u""_s), int(DaoDuplicateKey));
+    EXPECT_EQ(db.Count(u"Zefir"_s), 3);
+    EXPECT_EQ(db.Value(u"SELECT count(*) FROM Zefir WHERE daterelevé IS NULL AND heurerelevé IS NULL"_s).toInt(), 1);
+}
+
+TEST_F(NullInTheKey, NullIsAValueOfItsOwnNotZeroNorAnotherDayOrTime) {
+    EXPECT_EQ(StoreAt(Variant::Null(), u"02/11/2004"_s, u"10:00"_s), 0);
+    EXPECT_EQ(StoreAt(Variant(int32_t(0)), u"02/11/2004"_s, u"10:00"_s), 0);
+    EXPECT_EQ(StoreAt(Variant::Null(), u""_s, u"10:00"_s), int(DaoConversionError));  // stored, date Null
+    EXPECT_EQ(StoreAt(Variant::Null(), u"02/11/2004"_s, u""_s), int(DaoConversionError));
+    EXPECT_EQ(StoreAt(Variant::Null(), u"02/11/2004"_s, u"10:30"_s), 0);
+    EXPECT_EQ(db.Count(u"Zefir"_s), 5);
+}
+
+TEST_F(NullInTheKey, ATypedRowWithAnUnreadableDayIsRefusedTheSecondTime) {
+    EXPECT_EQ(Typed(u"Paris - Le Bourget"_s, u""_s, u"10:00"_s), int(DaoConversionError));  // stored
+    EXPECT_EQ(Typed(u"Paris - Le Bourget"_s, u""_s, u"10:00"_s), int(DaoDuplicateKey));
+    EXPECT_EQ(Typed(u"Paris - Le Bourget"_s, u"02/11/2004"_s, u""_s), int(DaoConversionError));
+    EXPECT_EQ(Typed(u"Paris - Le Bourget"_s, u"02/11/2004"_s, u""_s), int(DaoDuplicateKey));
+    // Another place at the same unreadable moment is another observation.
+    EXPECT_EQ(Typed(u"Lyon - Saint-Exupéry"_s, u""_s, u"10:00"_s), int(DaoConversionError));
+    // A typed row and an unresolved reply never collide: the reply has no place.
+    EXPECT_EQ(StoreAt(Variant::Null(), u""_s, u"10:00"_s), int(DaoConversionError));
+    EXPECT_EQ(db.Count(u"Zefir"_s), 4);
+}
