@@ -4,6 +4,7 @@
 #include "Failure.h"
 #include "RunTime.h"
 
+#include <QAbstractListModel>
 #include <QMouseEvent>
 
 namespace skelda {
@@ -144,11 +145,66 @@ void ListBox::mouseMoveEvent(QMouseEvent* event) {
 
 // ---- ComboBox
 
-ComboBox::ComboBox(QWidget* parent) : QComboBox(parent) {
+// The lines of a ComboBox: one text each, shown and edited as it is. The widget's own calls
+// (insertItem, setItemText, removeItem, clear) go through insertRows, setData and removeRows.
+class ComboLines : public QAbstractListModel {
+public:
+    using QAbstractListModel::QAbstractListModel;
+
+    void Append(const QString& text) {
+        const int row = int(texts_.size());
+        beginInsertRows(QModelIndex(), row, row);
+        texts_.append(text);
+        endInsertRows();
+    }
+
+    int rowCount(const QModelIndex& parent = QModelIndex()) const override {
+        return parent.isValid() ? 0 : int(texts_.size());
+    }
+
+    QVariant data(const QModelIndex& index, int role) const override {
+        if (!Holds(index) || (role != Qt::DisplayRole && role != Qt::EditRole)) return {};
+        return texts_.at(index.row());
+    }
+
+    bool setData(const QModelIndex& index, const QVariant& value, int role) override {
+        if (!Holds(index) || (role != Qt::DisplayRole && role != Qt::EditRole)) return false;
+        texts_[index.row()] = value.toString();
+        emit dataChanged(index, index, {Qt::DisplayRole, Qt::EditRole});
+        return true;
+    }
+
+    bool insertRows(int row, int count, const QModelIndex& parent) override {
+        if (parent.isValid() || row < 0 || row > texts_.size() || count < 1) return false;
+        beginInsertRows(QModelIndex(), row, row + count - 1);
+        texts_.insert(row, count, QString());
+        endInsertRows();
+        return true;
+    }
+
+    bool removeRows(int row, int count, const QModelIndex& parent) override {
+        if (parent.isValid() || row < 0 || count < 1 || row + count > texts_.size()) return false;
+        beginRemoveRows(QModelIndex(), row, row + count - 1);
+        texts_.remove(row, count);
+        endRemoveRows();
+        return true;
+    }
+
+private:
+    bool Holds(const QModelIndex& index) const {
+        return index.isValid() && !index.parent().isValid() && index.row() < texts_.size();
+    }
+
+    QStringList texts_;
+};
+
+ComboBox::ComboBox(QWidget* parent) : QComboBox(parent), lines_(new ComboLines(this)) {
+    setModel(lines_);
     connect(this, &QComboBox::activated, this, [this] { emit Click(); });
 }
 
-void ComboBox::AddItem(const QString& text) { addItem(text); }
+// As addItem does: the first line of an empty list becomes the current one.
+void ComboBox::AddItem(const QString& text) { lines_->Append(text); }
 
 void ComboBox::Clear() {
     QSignalBlocker block(this);

@@ -89,7 +89,11 @@ private:
     int multiSelect_ = vbMultiSelectNone;
 };
 
+class ComboLines;
+
 // A drop-down list: AddItem, Clear, ListIndex, ListCount, Text, Tag; setting ListIndex raises Click.
+// Its lines are texts alone, kept in a plain list: the list of days holds a line for every day of
+// the store, and the widget's general item model costs several times as much a line.
 class ComboBox : public QComboBox {
     Q_OBJECT
 public:
@@ -104,6 +108,9 @@ public:
 
 signals:
     void Click();
+
+private:
+    ComboLines* lines_;
 };
 
 // A timer with Enabled and Interval. Enabling a stopped timer starts a full interval; enabling one
