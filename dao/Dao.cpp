@@ -31,7 +31,8 @@ struct RecordsetState {
     bool readOnly = true;
     std::shared_ptr<const TableInfo> table;  // where writes go
     std::vector<Field> fields;
-    QHash<QString, int> fieldByName;
+    QHash<QString, int> fieldByName;              // by Key(name)
+    mutable QHash<QString, int> fieldBySpelling;  // by the names as the program spelled them
 
     // The rows read so far. A query is read whole when it opens; a table is read row by row by
     // its row numbers, so that opening a large table to add a row reads one row only.
@@ -110,8 +111,12 @@ std::vector<Variant> RecordsetState::ReadRow(sqlite3_stmt* statement, int first)
 }
 
 int RecordsetState::FieldIndex(const QString& name) const {
+    // A procedure names a field the same way on every row: its spelling is looked up as it
+    // stands, and only a new one pays for the key without case, which an accent makes slow.
+    if (const auto known = fieldBySpelling.constFind(name); known != fieldBySpelling.constEnd()) return *known;
     const int index = fieldByName.value(Key(name), -1);
     if (index < 0) Fail(DaoItemNotFound);
+    fieldBySpelling.insert(name, index);
     return index;
 }
 

@@ -122,6 +122,19 @@ Variant StoredValue(sqlite3_stmt* statement, int index) {
 
 bool IsNumber(int storage) { return storage == SQLITE_INTEGER || storage == SQLITE_FLOAT; }
 
+// ParseStoredDate of a stored text, read without making a QString of it: the list of days reads a
+// date for every day of the store. A date or time text is ASCII and at most 19 characters; any
+// other byte, widened as it stands, fails the parse as the decoded text would.
+bool ParseStoredDateAt(sqlite3_stmt* statement, int index, double& serial) {
+    const unsigned char* bytes = sqlite3_column_text(statement, index);
+    const int size = sqlite3_column_bytes(statement, index);
+    constexpr int kLongest = 19;  // "YYYY-MM-DD HH:MM:SS"
+    if (!bytes || size > kLongest) return false;
+    char16_t wide[kLongest];
+    for (int i = 0; i < size; ++i) wide[i] = char16_t(bytes[i]);
+    return ParseStoredDate(QStringView(wide, size), serial);
+}
+
 }  // namespace
 
 ColumnKind KindOfDeclaredType(const char* declared) {
@@ -218,7 +231,7 @@ Variant ReadValue(sqlite3_stmt* statement, int index, ColumnKind kind) {
         case ColumnKind::DateTime: {
             if (IsNumber(storage)) return Variant::FromSerial(sqlite3_column_double(statement, index));
             double serial = 0;
-            if (ParseStoredDate(TextOf(statement, index), serial)) return Variant::FromSerial(serial);
+            if (ParseStoredDateAt(statement, index, serial)) return Variant::FromSerial(serial);
             break;
         }
         case ColumnKind::Long:

@@ -186,6 +186,46 @@ TEST_F(DaoTest, FieldNamesAreMatchedWithoutRegardToCase) {
     EXPECT_EQ(rs.Fields(u"HeureRelevé"_s), rs.Fields(u"heurerelevé"_s));
 }
 
+TEST_F(DaoTest, AFieldReadsTheSameUnderEverySpellingOnEveryRow) {
+    db.AddObservation({.numAeroport = 1, .day = QDate(2004, 11, 2), .time = QTime(10, 0)});
+    db.AddObservation({.numAeroport = 2, .day = QDate(2004, 11, 3), .time = QTime(10, 30)});
+    Recordset rs = base.OpenRecordset(u"select * from zefir order by daterelevé"_s, dbOpenSnapshot);
+    EXPECT_EQ(rs.Fields(u"daterelevé"_s).ToText(), u"02/11/2004"_s);
+    EXPECT_EQ(rs.Fields(u"DATERELEVÉ"_s).ToText(), u"02/11/2004"_s);
+    rs.MoveNext();
+    EXPECT_EQ(rs.Fields(u"DATERELEVÉ"_s).ToText(), u"03/11/2004"_s);
+    EXPECT_EQ(rs.Fields(u"DateRelevé"_s).ToText(), u"03/11/2004"_s);
+    EXPECT_EQ(rs.Fields(u"numaéroport"_s), Variant(int32_t(2)));
+    // A name found once doesn't make a near one known.
+    EXPECT_EQ(ErrorOf([&] { rs.Fields(u"daterelevée"_s); }), DaoItemNotFound);
+    EXPECT_EQ(ErrorOf([&] { rs.Fields(u"daterelevé "_s); }), DaoItemNotFound);
+}
+
+TEST_F(DaoTest, ADateOrTimeColumnGivesBackWhatIsNoDateOrTimeAsItStands) {
+    ASSERT_TRUE(
+        db.Exec(u"INSERT INTO Zefir (NumAéroport, daterelevé, heurerelevé) "
+                "VALUES (1, '2 février 2004', 'à 10:00'), (2, '2004-11-02 10:00:00 UTC', '10h30'), "
+                "(3, '2004-13-02', '25:00')"_s));
+    Recordset rs = base.OpenRecordset(u"select * from zefir order by numaéroport"_s, dbOpenSnapshot);
+    EXPECT_EQ(rs.Fields(u"daterelevé"_s), Variant(u"2 février 2004"_s));
+    EXPECT_EQ(rs.Fields(u"heurerelevé"_s), Variant(u"à 10:00"_s));
+    rs.MoveNext();
+    EXPECT_EQ(rs.Fields(u"daterelevé"_s), Variant(u"2004-11-02 10:00:00 UTC"_s));
+    EXPECT_EQ(rs.Fields(u"heurerelevé"_s), Variant(u"10h30"_s));
+    rs.MoveNext();
+    EXPECT_EQ(rs.Fields(u"daterelevé"_s), Variant(u"2004-13-02"_s));
+    EXPECT_EQ(rs.Fields(u"heurerelevé"_s), Variant(u"25:00"_s));
+}
+
+TEST_F(DaoTest, AStoredDateWithItsTimeReadsBackWhole) {
+    ASSERT_TRUE(
+        db.Exec(u"INSERT INTO Zefir (NumAéroport, daterelevé, heurerelevé) "
+                "VALUES (1, '2004-11-02 10:30:15', '1899-12-30 10:30')"_s));
+    Recordset rs = base.OpenRecordset(u"Zefir"_s, dbOpenSnapshot);
+    EXPECT_EQ(rs.Fields(u"daterelevé"_s).ToText(), u"02/11/2004 10:30:15"_s);
+    EXPECT_EQ(rs.Fields(u"heurerelevé"_s).ToText(), u"10:30:00"_s);
+}
+
 TEST_F(DaoTest, AnUnknownFieldIs3265) {
     Recordset rs = base.OpenRecordset(u"Aéroports"_s);
     EXPECT_EQ(ErrorOf([&] { rs.Fields(u"pays"_s); }), DaoItemNotFound);
