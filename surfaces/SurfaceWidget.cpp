@@ -32,16 +32,23 @@ SurfaceWidget::SurfaceWidget(QWidget* parent) : QWidget(parent), backColor_(vbBu
     drawing_ = BlankPicture(size().expandedTo(QSize(1, 1)));
 }
 
+SurfaceWidget::~SurfaceWidget() = default;
+
+QPainter& SurfaceWidget::Painter() {
+    if (!painter_) painter_ = std::make_unique<QPainter>(&drawing_);
+    return *painter_;
+}
+
+void SurfaceWidget::EndPainting() const { painter_.reset(); }
+
 void SurfaceWidget::Line(double x1, double y1, double x2, double y2, std::optional<Color> color) {
     CoverWidget();
-    {
-        QPainter painter(&drawing_);
-        painter.setPen(LinePen(color.value_or(foreColor_), PenWidth()));
-        if (x1 == x2 && y1 == y2)
-            painter.drawPoint(ScaleToPixel(x1, y1));
-        else
-            painter.drawLine(ScaleToPixel(x1, y1), ScaleToPixel(x2, y2));
-    }
+    QPainter& painter = Painter();
+    painter.setPen(LinePen(color.value_or(foreColor_), PenWidth()));
+    if (x1 == x2 && y1 == y2)
+        painter.drawPoint(ScaleToPixel(x1, y1));
+    else
+        painter.drawLine(ScaleToPixel(x1, y1), ScaleToPixel(x2, y2));
     currentX_ = x2;
     currentY_ = y2;
     Changed();
@@ -49,12 +56,10 @@ void SurfaceWidget::Line(double x1, double y1, double x2, double y2, std::option
 
 void SurfaceWidget::Box(double x1, double y1, double x2, double y2, std::optional<Color> color) {
     CoverWidget();
-    {
-        QPainter painter(&drawing_);
-        painter.setPen(EdgePen(color.value_or(foreColor_), PenWidth()));
-        painter.setBrush(FillBrush(fillStyle_, fillColor_));
-        painter.drawRect(QRectF(ScaleToPixel(x1, y1), ScaleToPixel(x2, y2)).normalized());
-    }
+    QPainter& painter = Painter();
+    painter.setPen(EdgePen(color.value_or(foreColor_), PenWidth()));
+    painter.setBrush(FillBrush(fillStyle_, fillColor_));
+    painter.drawRect(QRectF(ScaleToPixel(x1, y1), ScaleToPixel(x2, y2)).normalized());
     currentX_ = x2;
     currentY_ = y2;
     Changed();
@@ -63,19 +68,18 @@ void SurfaceWidget::Box(double x1, double y1, double x2, double y2, std::optiona
 void SurfaceWidget::Circle(double x, double y, double radius, std::optional<Color> color, double aspect) {
     const HalfAxes axes = CircleAxes(radius, aspect);
     CoverWidget();
-    {
-        QPainter painter(&drawing_);
-        painter.setPen(LinePen(color.value_or(foreColor_), PenWidth()));
-        painter.setBrush(FillBrush(fillStyle_, fillColor_));
-        // Both half axes are measured in horizontal units, as the radius is.
-        painter.drawEllipse(ScaleToPixel(x, y), axes.horizontal / unitsPerPixelX_, axes.vertical / unitsPerPixelX_);
-    }
+    QPainter& painter = Painter();
+    painter.setPen(LinePen(color.value_or(foreColor_), PenWidth()));
+    painter.setBrush(FillBrush(fillStyle_, fillColor_));
+    // Both half axes are measured in horizontal units, as the radius is.
+    painter.drawEllipse(ScaleToPixel(x, y), axes.horizontal / unitsPerPixelX_, axes.vertical / unitsPerPixelX_);
     currentX_ = x;
     currentY_ = y;
     Changed();
 }
 
 void SurfaceWidget::Cls() {
+    EndPainting();
     drawing_ = BlankPicture(drawing_.size().expandedTo(size()));
     currentX_ = 0;
     currentY_ = 0;
@@ -116,18 +120,16 @@ void SurfaceWidget::Print(const QString& text) {
     const QFont f = DrawingFont();
     const QStringList lines = LinesOf(text);
     double y = currentY_;
-    {
-        QPainter painter(&drawing_);
-        painter.setFont(f);
-        painter.setPen(ToQColor(foreColor_));
-        const QFontMetricsF metrics(f, &drawing_);
-        double x = currentX_;
-        for (const QString& line : lines) {
-            const QPointF top = ScaleToPixel(x, y);
-            painter.drawText(QPointF(top.x(), top.y() + metrics.ascent()), line);
-            y += metrics.height() * unitsPerPixelY_;
-            x = 0;
-        }
+    QPainter& painter = Painter();
+    painter.setFont(f);
+    painter.setPen(ToQColor(foreColor_));
+    const QFontMetricsF metrics(f, &drawing_);
+    double x = currentX_;
+    for (const QString& line : lines) {
+        const QPointF top = ScaleToPixel(x, y);
+        painter.drawText(QPointF(top.x(), top.y() + metrics.ascent()), line);
+        y += metrics.height() * unitsPerPixelY_;
+        x = 0;
     }
     currentX_ = 0;
     currentY_ = y;
@@ -168,11 +170,13 @@ QPointF SurfaceWidget::PixelToScale(const QPointF& pixel) const {
 QPointF SurfaceWidget::ScaleToPixel(double x, double y) const { return {x / unitsPerPixelX_, y / unitsPerPixelY_}; }
 
 QImage SurfaceWidget::Snapshot() const {
+    EndPainting();
     CoverWidget();
     return drawing_.copy(0, 0, width(), height());
 }
 
 void SurfaceWidget::paintEvent(QPaintEvent* event) {
+    EndPainting();
     CoverWidget();
     QPainter painter(this);
     painter.drawImage(event->rect(), drawing_, event->rect());
@@ -185,6 +189,7 @@ void SurfaceWidget::resizeEvent(QResizeEvent* event) {
 
 void SurfaceWidget::CoverWidget() const {
     if (drawing_.width() >= width() && drawing_.height() >= height()) return;
+    EndPainting();
     QImage grown = BlankPicture(drawing_.size().expandedTo(size()));
     {
         QPainter painter(&grown);

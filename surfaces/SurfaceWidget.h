@@ -4,7 +4,9 @@
 #pragma once
 
 #include <QImage>
+#include <QPainter>
 #include <QWidget>
+#include <memory>
 #include <optional>
 
 #include "SurfaceState.h"
@@ -16,6 +18,7 @@ class SurfaceWidget : public QWidget, public SurfaceState<Surface> {
     Q_OBJECT
 public:
     explicit SurfaceWidget(QWidget* parent = nullptr);
+    ~SurfaceWidget() override;
 
     QString Tag;  // a small text state, as every control has
 
@@ -78,13 +81,19 @@ private:
     void CoverWidget() const;
     QImage BlankPicture(QSize size) const;
     void Changed() { update(); }
+    // The painter on the drawing, opened by the first drawing call and kept for the next ones: a
+    // chart is hundreds of dots, bars and lines, and opening a painter for each costs as much as
+    // drawing a small one. Whatever reads the drawing or replaces it ends the painter first.
+    QPainter& Painter();
+    void EndPainting() const;
 
     Color backColor_;
     std::optional<double> fontSize_;  // none: the widget's own font size
     double unitsPerPixelX_ = 15;
     double unitsPerPixelY_ = 15;
     QImage picture_;
-    mutable QImage drawing_;  // at least the widget's size; grows, never shrinks
+    mutable QImage drawing_;                     // at least the widget's size; grows, never shrinks
+    mutable std::unique_ptr<QPainter> painter_;  // on drawing_ while open; after it, so it goes first
 };
 
 }  // namespace skelda

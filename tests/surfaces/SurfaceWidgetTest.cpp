@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <QFontMetricsF>
 #include <QGuiApplication>
 #include <QImage>
+#include <QPainter>
 #include <QPalette>
 #include <QPixmap>
 
@@ -196,6 +198,95 @@ TEST_F(SurfaceWidgetTest, TheDrawingLastsWhenTheWidgetIsHiddenAndShownAndIsWhatI
     EXPECT_EQ(ColorAt(painted, 50, 50), Red);
     EXPECT_EQ(ColorAt(painted, 50, 40), White);
     surface.hide();
+}
+
+TEST_F(SurfaceWidgetTest, EveryStrokeShowsInWhatIsPaintedAndReadBetweenStrokes) {
+    surface.show();
+    surface.Line(150, 750, 2850, 750, Red);
+    EXPECT_EQ(ColorAt(surface.grab().toImage(), 50, 50), Red);
+    surface.SetFillStyle(vbFSSolid);
+    surface.SetFillColor(Green);
+    surface.Circle(1500, 300, 150, Blue);  // centre (100, 20), radius 10 pixels
+    QImage painted = surface.grab().toImage();
+    EXPECT_EQ(ColorAt(painted, 50, 50), Red);
+    EXPECT_EQ(ColorAt(painted, 100, 20), Green);
+    EXPECT_EQ(At(110, 20), Blue);
+    surface.Box(150, 1200, 600, 1350, Blue);  // from (10, 80) to (40, 90)
+    surface.resize(300, 150);
+    surface.Line(3000, 0, 3000, 2250, Red);  // x 200, in the part the widget just grew by
+    painted = surface.grab().toImage();
+    EXPECT_EQ(ColorAt(painted, 25, 85), Green);
+    EXPECT_EQ(ColorAt(painted, 200, 140), Red);
+    EXPECT_EQ(ColorAt(painted, 100, 20), Green);
+    surface.Cls();
+    EXPECT_EQ(ColorAt(surface.grab().toImage(), 50, 50), White);
+    surface.Line(150, 150, 2850, 150, Red);
+    EXPECT_EQ(At(50, 10), Red);
+    EXPECT_EQ(At(50, 50), White);
+    surface.hide();
+}
+
+// The drawing is exactly Qt's painting of each stroke on its own, whatever strokes came before:
+// here the day chart's kinds of strokes (dots between pixels, wide segments, filled bars, text),
+// against a picture painted stroke by stroke.
+TEST_F(SurfaceWidgetTest, TheDrawingIsQtsPaintingOfEachStrokeOnItsOwn) {
+    QImage expected(200, 100, QImage::Format_RGB32);
+    expected.setDotsPerMeterX(3780);
+    expected.setDotsPerMeterY(3780);
+    expected.fill(Qt::white);
+    const auto paint = [&expected](auto stroke) {
+        QPainter painter(&expected);
+        stroke(painter);
+    };
+    const QPen roundPen1(QColor(128, 128, 0), 1, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
+    const QPen roundPen2(QColor(128, 128, 0), 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
+    const QPen squarePen(QColor(0, 0, 255), 1, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin);
+
+    surface.SetFillStyle(vbFSSolid);
+    for (int i = 0; i < 12; ++i) {
+        const double x = 105 + 247.5 * i, y = 400 + 37 * i, nextY = 430 + 29 * i;
+        surface.SetFillColor(RGB(193, 222, 255));
+        surface.Box(x - 90, 1200 - 40 * i, x + 90, 1350, Blue);
+        paint([&](QPainter& p) {
+            p.setPen(squarePen);
+            p.setBrush(QColor(193, 222, 255));
+            p.drawRect(QRectF(QPointF((x - 90) / 15, (1200 - 40 * i) / 15.0), QPointF((x + 90) / 15, 90)).normalized());
+        });
+        surface.SetDrawWidth(2);
+        surface.Line(x, y, x + 247.5, nextY, RGB(128, 128, 0));
+        paint([&](QPainter& p) {
+            p.setPen(roundPen2);
+            p.drawLine(QPointF(x / 15, y / 15), QPointF((x + 247.5) / 15, nextY / 15));
+        });
+        surface.SetDrawWidth(1);
+        surface.SetFillColor(RGB(255, 255, 192));
+        surface.Circle(x, y, 48, RGB(128, 128, 0));
+        paint([&](QPainter& p) {
+            p.setPen(roundPen1);
+            p.setBrush(QColor(255, 255, 192));
+            p.drawEllipse(QPointF(x / 15, y / 15), 3.2, 3.2);
+        });
+    }
+    surface.SetForeColor(Black);
+    surface.SetCurrentX(300);
+    surface.SetCurrentY(1050);
+    surface.Print(QStringLiteral("Nds"));
+    surface.Line(0, 0, 2985, 1485, Red);
+    paint([&](QPainter& p) {
+        p.setFont(surface.font());
+        p.setPen(Qt::black);
+        p.drawText(QPointF(20, 70 + QFontMetricsF(surface.font(), &expected).ascent()), QStringLiteral("Nds"));
+    });
+    paint([&](QPainter& p) {
+        p.setPen(QPen(Qt::red, 1, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        p.drawLine(QPointF(0, 0), QPointF(199, 99));
+    });
+
+    const QImage drawn = surface.Snapshot().convertToFormat(QImage::Format_RGB32);
+    int differing = 0;
+    for (int y = 0; y < 100; ++y)
+        for (int x = 0; x < 200; ++x) differing += drawn.pixel(x, y) != expected.pixel(x, y) ? 1 : 0;
+    EXPECT_EQ(differing, 0);
 }
 
 TEST_F(SurfaceWidgetTest, ResizingKeepsWhatWasDrawn) {
