@@ -72,6 +72,10 @@ start)
 test)
     install_missing
     build build
+    # The plain CMake build: CMake's default generator (Unix Makefiles), which unlike Ninja makes
+    # no folder for a command's output, on the targets of the data and the packaging only.
+    cmake -S . -B build-make >/dev/null
+    cmake --build build-make -j "$(nproc)" --target database_mdb artwork_files installed_files
     # Headless, but for the tests labelled "desktop", which run on a virtual X display of their
     # own with a window manager and a notification area (xvfb, openbox, trayer).
     (cd build && QT_QPA_PLATFORM=offscreen ctest --output-on-failure -j "$(nproc)")
