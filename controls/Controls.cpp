@@ -151,10 +151,11 @@ class ComboLines : public QAbstractListModel {
 public:
     using QAbstractListModel::QAbstractListModel;
 
-    void Append(const QString& text) {
+    void Append(const QStringList& texts) {
+        if (texts.isEmpty()) return;
         const int row = int(texts_.size());
-        beginInsertRows(QModelIndex(), row, row);
-        texts_.append(text);
+        beginInsertRows(QModelIndex(), row, row + int(texts.size()) - 1);
+        texts_.append(texts);
         endInsertRows();
     }
 
@@ -204,7 +205,9 @@ ComboBox::ComboBox(QWidget* parent) : QComboBox(parent), lines_(new ComboLines(t
 }
 
 // As addItem does: the first line of an empty list becomes the current one.
-void ComboBox::AddItem(const QString& text) { lines_->Append(text); }
+void ComboBox::AddItem(const QString& text) { lines_->Append(QStringList{text}); }
+
+void ComboBox::AddItems(const QStringList& texts) { lines_->Append(texts); }
 
 void ComboBox::Clear() {
     QSignalBlocker block(this);

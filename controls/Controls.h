@@ -99,6 +99,8 @@ class ComboBox : public QComboBox {
 public:
     explicit ComboBox(QWidget* parent = nullptr);
     void AddItem(const QString& text);
+    // AddItem of each text in turn, in one insertion: the list tells its views once.
+    void AddItems(const QStringList& texts);
     void Clear();
     int ListIndex() const { return currentIndex(); }
     void SetListIndex(int index);  // Invalid property value (380) outside the list

@@ -56,6 +56,22 @@ TEST_F(ComboBoxTest, TheFirstLineAddedBecomesTheCurrentOneAndTheOthersFollowInOr
     EXPECT_EQ(clicks.count(), 0);
 }
 
+TEST_F(ComboBoxTest, AddItemsAddsEachTextInTurnAsAddItemDoes) {
+    QSignalSpy clicks(combo.get(), &ComboBox::Click);
+    combo->AddItems({});
+    EXPECT_EQ(combo->ListCount(), 0);
+    EXPECT_EQ(combo->ListIndex(), -1);
+    combo->AddItems({u"01/02/2004"_s, u"02/02/2004"_s});
+    EXPECT_EQ(combo->ListIndex(), 0);
+    combo->SetListIndex(1);
+    combo->AddItems({u"03/02/2004"_s, u"04/02/2004"_s});
+    EXPECT_EQ(combo->ListCount(), 4);
+    EXPECT_EQ(combo->ListIndex(), 1);
+    EXPECT_EQ(combo->itemText(3), u"04/02/2004"_s);
+    EXPECT_EQ(combo->view()->model()->rowCount(), 4);
+    EXPECT_EQ(clicks.count(), 1);  // SetListIndex's own
+}
+
 TEST_F(ComboBoxTest, SettingListIndexSelectsTheLineAndRaisesOneClick) {
     Fill();
     QSignalSpy clicks(combo.get(), &ComboBox::Click);
