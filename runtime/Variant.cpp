@@ -93,6 +93,8 @@ QString Variant::ToText() const {
         case Kind::Date: {
             // A date shows without its time at midnight, and a time of day 0 without its date.
             const double serial = std::get<DateTag>(v_).serial;
+            // A whole day other than day 0, as each of the list of days is: its date alone.
+            if (serial != 0 && serial == std::floor(serial)) return skelda::DateText(kEpoch.addDays(qint64(serial)));
             QDate date;
             QTime time;
             SplitSerial(serial, date, time);

@@ -85,6 +85,15 @@ TEST(Variant, DatesAndTimesReadBackAndShowByTheSettings) {
     EXPECT_THROW((void)Variant(QStringLiteral("soon")).ToDateTime(), RuntimeError);
 }
 
+TEST(Variant, AWholeDayShowsItsDateAloneOnEitherSideOfDayZeroAndAnyOtherMomentItsTimeToo) {
+    EXPECT_EQ(Variant::FromSerial(1).ToText(), QStringLiteral("31/12/1899"));
+    EXPECT_EQ(Variant::FromSerial(-1).ToText(), QStringLiteral("29/12/1899"));
+    EXPECT_EQ(Variant::FromSerial(38293).ToText(), QStringLiteral("02/11/2004"));
+    EXPECT_EQ(Variant::FromSerial(38293.25).ToText(), QStringLiteral("02/11/2004 06:00:00"));
+    EXPECT_EQ(Variant::FromSerial(-1.5).ToText(), QStringLiteral("28/12/1899 12:00:00"));
+    EXPECT_EQ(Variant::FromSerial(0.5).ToText(), QStringLiteral("12:00:00"));
+}
+
 TEST(Regional, DatesKeepTwoDigitDaysAndMonthsAndFourDigitYears) {
     EXPECT_EQ(DateText(QDate(1899, 12, 30)), QStringLiteral("30/12/1899"));
     EXPECT_EQ(DateText(QDate(100, 1, 1)), QStringLiteral("01/01/0100"));
