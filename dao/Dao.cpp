@@ -18,6 +18,41 @@ namespace skelda {
 
 namespace dao {
 
+// The rows read so far, one after the other in one array, Width values a row: a query of
+// thousands of rows grows one allocation rather than making one for each row.
+class RowStore {
+public:
+    void SetWidth(size_t width) { width_ = width; }
+    size_t size() const { return count_; }
+    bool empty() const { return count_ == 0; }
+    Variant& At(size_t row, size_t column) { return cells_[row * width_ + column]; }
+    // Appends a row: Value(column) for each column in order.
+    template <class Value>
+    void Append(Value value) {
+        const size_t before = cells_.size();
+        try {
+            for (size_t column = 0; column < width_; ++column) cells_.push_back(value(column));
+        } catch (...) {
+            cells_.resize(before);  // no half row
+            throw;
+        }
+        ++count_;
+    }
+    void PrependNullRow() {
+        cells_.insert(cells_.begin(), width_, Variant::Null());
+        ++count_;
+    }
+    void clear() {
+        cells_.clear();
+        count_ = 0;
+    }
+
+private:
+    size_t width_ = 0;
+    size_t count_ = 0;
+    std::vector<Variant> cells_;
+};
+
 // A field of a recordset: a result column, and the table column that writes to it go to.
 struct Field {
     QString name;
@@ -33,10 +68,12 @@ struct RecordsetState {
     std::vector<Field> fields;
     QHash<QString, int> fieldByName;              // by Key(name)
     mutable QHash<QString, int> fieldBySpelling;  // by the names as the program spelled them
+    mutable QString lastSpelling;                 // the name asked for last, and its field
+    mutable int lastField = -1;
 
     // The rows read so far. A query is read whole when it opens; a table is read row by row by
     // its row numbers, so that opening a large table to add a row reads one row only.
-    std::vector<std::vector<Variant>> rows;
+    RowStore rows;
     std::vector<sqlite3_int64> rowids;
     bool complete = false;
     Statement nextRow;       // of a table: the row after a row number
@@ -52,7 +89,7 @@ struct RecordsetState {
     bool Fetch(qsizetype index);
     void FetchNextTableRow();
     void AddFields(sqlite3_stmt* statement, int first);
-    std::vector<Variant> ReadRow(sqlite3_stmt* statement, int first) const;
+    void ReadRow(sqlite3_stmt* statement, int first);
     int FieldIndex(const QString& name) const;
     void Reach(qsizetype index) { reached = std::max(reached, index + 1); }
     bool OnRow() { return position >= 0 && Fetch(position); }
@@ -85,7 +122,7 @@ void RecordsetState::FetchNextTableRow() {
     const int code = sqlite3_step(statement);
     if (code == SQLITE_ROW) {
         rowids.push_back(sqlite3_column_int64(statement, 0));
-        rows.push_back(ReadRow(statement, 1));
+        ReadRow(statement, 1);
     } else {
         complete = true;
     }
@@ -101,22 +138,29 @@ void RecordsetState::AddFields(sqlite3_stmt* statement, int first) {
         fieldByName.insert(Key(name), int(fields.size()));
         fields.push_back({name, KindOfDeclaredType(sqlite3_column_decltype(statement, i)), column});
     }
+    rows.SetWidth(fields.size());
 }
 
-std::vector<Variant> RecordsetState::ReadRow(sqlite3_stmt* statement, int first) const {
-    std::vector<Variant> row;
-    row.reserve(fields.size());
-    for (size_t i = 0; i < fields.size(); ++i) row.push_back(ReadValue(statement, first + int(i), fields[i].kind));
-    return row;
+void RecordsetState::ReadRow(sqlite3_stmt* statement, int first) {
+    rows.Append([&](size_t i) { return ReadValue(statement, first + int(i), fields[i].kind); });
 }
 
 int RecordsetState::FieldIndex(const QString& name) const {
-    // A procedure names a field the same way on every row: its spelling is looked up as it
-    // stands, and only a new one pays for the key without case, which an accent makes slow.
-    if (const auto known = fieldBySpelling.constFind(name); known != fieldBySpelling.constEnd()) return *known;
-    const int index = fieldByName.value(Key(name), -1);
-    if (index < 0) Fail(DaoItemNotFound);
-    fieldBySpelling.insert(name, index);
+    // A procedure names a field the same way on every row, most often by the very same text: the
+    // name asked for last is known by its characters' address, a name already met by its
+    // spelling, and only a new one pays for the key without case, which an accent makes slow.
+    if (lastField >= 0 && name.constData() == lastSpelling.constData() && name.size() == lastSpelling.size())
+        return lastField;
+    int index;
+    if (const auto known = fieldBySpelling.constFind(name); known != fieldBySpelling.constEnd()) {
+        index = *known;
+    } else {
+        index = fieldByName.value(Key(name), -1);
+        if (index < 0) Fail(DaoItemNotFound);
+        fieldBySpelling.insert(name, index);
+    }
+    lastSpelling = name;  // a copy: the characters can't change under it
+    lastField = index;
     return index;
 }
 
@@ -194,7 +238,7 @@ void RecordsetState::UpdateCurrent() {
     // The row as the recordset now shows it.
     for (size_t f = 0; f < fields.size(); ++f)
         if (fields[f].tableColumn >= 0 && pending[size_t(fields[f].tableColumn)])
-            rows[size_t(position)][f] = *pending[size_t(fields[f].tableColumn)];
+            rows.At(size_t(position), f) = *pending[size_t(fields[f].tableColumn)];
 }
 
 namespace {
@@ -211,11 +255,15 @@ void OpenTable(RecordsetState& state, const QString& name, bool writable) {
     state.AddFields(state.nextRow.get(), 1);
 }
 
+// How the rows of a query's text come: as they are, or, from a table of distinct values, with the
+// x'' that stands for Null last.
+enum class NullDay { AsItIs, MarkedLast };
+
 // The text to run for a query: the program's text in SQLite's dialect, with its text sorts in
 // French order. The distinct values of one column (the list of days) are read from the table that
 // the database keeps of them when the file has one, or else by jumping through an index of the
 // column, so that the time they take follows the number of values, not of rows.
-QString QueryText(RecordsetState& state, const QString& source, std::optional<int>& kindFromColumn) {
+QString QueryText(RecordsetState& state, const QString& source, std::optional<int>& kindFromColumn, NullDay& nullDay) {
     Connection& connection = *state.connection;
     const QString single = SingleTableOf(source);
     std::shared_ptr<const TableInfo> info;
@@ -235,6 +283,7 @@ QString QueryText(RecordsetState& state, const QString& source, std::optional<in
             if (column >= 0 && values && !values->isView) {
                 kindFromColumn = column;
                 state.table = table;
+                nullDay = NullDay::MarkedLast;
                 return DistinctValuesFromTable(query, values->name);
             }
             if (column >= 0 && connection.HasIndexLeadingWith(object->name, distinct->column)) {
@@ -252,7 +301,8 @@ QString QueryText(RecordsetState& state, const QString& source, std::optional<in
 void OpenQuery(RecordsetState& state, const QString& source, bool writable) {
     Connection& connection = *state.connection;
     std::optional<int> kindFromColumn;
-    const QString translated = QueryText(state, source, kindFromColumn);
+    NullDay nullDay = NullDay::AsItIs;
+    const QString translated = QueryText(state, source, kindFromColumn, nullDay);
     QString sql = translated;
     int first = 0;
     if (writable && !kindFromColumn) {
@@ -273,11 +323,19 @@ void OpenQuery(RecordsetState& state, const QString& source, bool writable) {
         state.table.reset();
     }
     int code;
+    bool nullLast = false;
     while ((code = sqlite3_step(statement.get())) == SQLITE_ROW) {
+        if (nullDay == NullDay::MarkedLast && sqlite3_column_type(statement.get(), 0) == SQLITE_BLOB &&
+            sqlite3_column_bytes(statement.get(), 0) == 0) {
+            nullLast = true;
+            continue;
+        }
         if (first == 1) state.rowids.push_back(sqlite3_column_int64(statement.get(), 0));
-        state.rows.push_back(state.ReadRow(statement.get(), first));
+        state.ReadRow(statement.get(), first);
     }
     if (code != SQLITE_DONE) connection.FailWith(sqlite3_extended_errcode(connection.db), source);
+    // Grouping puts the Null day before every other.
+    if (nullLast) state.rows.PrependNullRow();
     state.complete = true;
 }
 
@@ -399,7 +457,7 @@ Variant Recordset::Fields(const QString& name) const {
         return *state.pending[size_t(column)];
     if (state.mode == RecordsetState::Mode::Adding) return Variant::Null();
     if (!state.OnRow()) dao::Fail(DaoNoCurrentRecord);
-    return state.rows[size_t(state.position)][size_t(index)];
+    return state.rows.At(size_t(state.position), size_t(index));
 }
 
 QStringList Recordset::FieldNames() const {
@@ -419,7 +477,7 @@ void Recordset::FindFirst(const QString& criteria) {
                                       .arg(criterion.column));
     state.mode = RecordsetState::Mode::None;
     for (qsizetype row = 0; state.Fetch(row); ++row) {
-        if (dao::Matches(state.rows[size_t(row)][size_t(index)], criterion)) {
+        if (dao::Matches(state.rows.At(size_t(row), size_t(index)), criterion)) {
             state.position = row;
             state.Reach(row);
             state.noMatch = false;

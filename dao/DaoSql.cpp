@@ -363,11 +363,9 @@ std::optional<DistinctValues> DistinctValuesOf(const QString& sql) {
 QString DistinctValuesTable(const QString& table, const QString& column) { return table + u'.' + column; }
 
 QString DistinctValuesFromTable(const DistinctValues& query, const QString& valuesTable) {
-    // The table is its own index, in the order of the values, and a Null sorts before any value:
-    // the two parts merge in order as they are read, with no sort of the whole list.
-    return QStringLiteral(
-               "SELECT NULL AS %2 FROM %1 WHERE \"valeur\" = x'' "
-               "UNION ALL SELECT \"valeur\" FROM %1 WHERE \"valeur\" <> x'' ORDER BY 1")
+    // The table is its own index, in the order of the values: read in that order, it needs no
+    // sort. A blob sorts after every text and number, so the Null day's x'' comes last.
+    return QStringLiteral("SELECT \"valeur\" AS %2 FROM %1 ORDER BY \"valeur\"")
         .arg(QuotedIdentifier(valuesTable), QuotedIdentifier(query.name));
 }
 

@@ -41,7 +41,8 @@ std::optional<DistinctValues> DistinctValuesOf(const QString& sql);
 // once, kept by the database: "Zefir.daterelevé". Its one column "valeur" holds x'' for Null.
 QString DistinctValuesTable(const QString& table, const QString& column);
 
-// The SQLite text that reads such a query's values from that table, NULL first as grouping puts it.
+// The SQLite text that reads such a query's values from that table in order, with the Null day
+// still as x'', last: the reader puts it first, as grouping does, as a Null.
 QString DistinctValuesFromTable(const DistinctValues& query, const QString& valuesTable);
 
 // The SQLite text that gives what such a query gives, NULL first when the column holds one, by

@@ -196,9 +196,16 @@ TEST_F(DaoTest, AFieldReadsTheSameUnderEverySpellingOnEveryRow) {
     EXPECT_EQ(rs.Fields(u"DATERELEVÉ"_s).ToText(), u"03/11/2004"_s);
     EXPECT_EQ(rs.Fields(u"DateRelevé"_s).ToText(), u"03/11/2004"_s);
     EXPECT_EQ(rs.Fields(u"numaéroport"_s), Variant(int32_t(2)));
-    // A name found once doesn't make a near one known.
+    // A name found once doesn't make a near one known, nor does an empty name pass.
     EXPECT_EQ(ErrorOf([&] { rs.Fields(u"daterelevée"_s); }), DaoItemNotFound);
     EXPECT_EQ(ErrorOf([&] { rs.Fields(u"daterelevé "_s); }), DaoItemNotFound);
+    EXPECT_EQ(ErrorOf([&] { rs.Fields(QString()); }), DaoItemNotFound);
+    EXPECT_EQ(ErrorOf([&] { rs.Fields(u""_s); }), DaoItemNotFound);
+    // The same text, changed in place between two reads, is read under its new name.
+    QString name = u"numaéroport"_s;
+    EXPECT_EQ(rs.Fields(name), Variant(int32_t(2)));
+    name.replace(0, 11, u"daterelevé"_s);
+    EXPECT_EQ(rs.Fields(name).ToText(), u"03/11/2004"_s);
 }
 
 TEST_F(DaoTest, ADateOrTimeColumnGivesBackWhatIsNoDateOrTimeAsItStands) {
