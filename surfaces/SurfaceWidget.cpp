@@ -4,6 +4,8 @@
 #include <QPaintEvent>
 #include <QPainter>
 #include <algorithm>
+#include <utility>
+#include <vector>
 
 #include "Failure.h"
 #include "SurfacePainting.h"
@@ -32,54 +34,55 @@ SurfaceWidget::SurfaceWidget(QWidget* parent) : QWidget(parent), backColor_(vbBu
     drawing_ = BlankPicture(size().expandedTo(QSize(1, 1)));
 }
 
-SurfaceWidget::~SurfaceWidget() = default;
-
-QPainter& SurfaceWidget::Painter() {
-    if (!painter_) painter_ = std::make_unique<QPainter>(&drawing_);
-    return *painter_;
-}
-
-void SurfaceWidget::EndPainting() const { painter_.reset(); }
-
 void SurfaceWidget::Line(double x1, double y1, double x2, double y2, std::optional<Color> color) {
     CoverWidget();
-    QPainter& painter = Painter();
-    painter.setPen(LinePen(color.value_or(foreColor_), PenWidth()));
-    if (x1 == x2 && y1 == y2)
-        painter.drawPoint(ScaleToPixel(x1, y1));
-    else
-        painter.drawLine(ScaleToPixel(x1, y1), ScaleToPixel(x2, y2));
+    const QPen pen = LinePen(color.value_or(foreColor_), PenWidth());
+    const QPointF from = ScaleToPixel(x1, y1), to = ScaleToPixel(x2, y2);
+    const bool point = x1 == x2 && y1 == y2;
+    Keep([pen, from, to, point](QPainter& painter) {
+        painter.setPen(pen);
+        if (point)
+            painter.drawPoint(from);
+        else
+            painter.drawLine(from, to);
+    });
     currentX_ = x2;
     currentY_ = y2;
-    Changed();
 }
 
 void SurfaceWidget::Box(double x1, double y1, double x2, double y2, std::optional<Color> color) {
     CoverWidget();
-    QPainter& painter = Painter();
-    painter.setPen(EdgePen(color.value_or(foreColor_), PenWidth()));
-    painter.setBrush(FillBrush(fillStyle_, fillColor_));
-    painter.drawRect(QRectF(ScaleToPixel(x1, y1), ScaleToPixel(x2, y2)).normalized());
+    const QPen pen = EdgePen(color.value_or(foreColor_), PenWidth());
+    const QBrush brush = FillBrush(fillStyle_, fillColor_);
+    const QRectF box = QRectF(ScaleToPixel(x1, y1), ScaleToPixel(x2, y2)).normalized();
+    Keep([pen, brush, box](QPainter& painter) {
+        painter.setPen(pen);
+        painter.setBrush(brush);
+        painter.drawRect(box);
+    });
     currentX_ = x2;
     currentY_ = y2;
-    Changed();
 }
 
 void SurfaceWidget::Circle(double x, double y, double radius, std::optional<Color> color, double aspect) {
     const HalfAxes axes = CircleAxes(radius, aspect);
     CoverWidget();
-    QPainter& painter = Painter();
-    painter.setPen(LinePen(color.value_or(foreColor_), PenWidth()));
-    painter.setBrush(FillBrush(fillStyle_, fillColor_));
+    const QPen pen = LinePen(color.value_or(foreColor_), PenWidth());
+    const QBrush brush = FillBrush(fillStyle_, fillColor_);
+    const QPointF centre = ScaleToPixel(x, y);
     // Both half axes are measured in horizontal units, as the radius is.
-    painter.drawEllipse(ScaleToPixel(x, y), axes.horizontal / unitsPerPixelX_, axes.vertical / unitsPerPixelX_);
+    const double rx = axes.horizontal / unitsPerPixelX_, ry = axes.vertical / unitsPerPixelX_;
+    Keep([pen, brush, centre, rx, ry](QPainter& painter) {
+        painter.setPen(pen);
+        painter.setBrush(brush);
+        painter.drawEllipse(centre, rx, ry);
+    });
     currentX_ = x;
     currentY_ = y;
-    Changed();
 }
 
 void SurfaceWidget::Cls() {
-    EndPainting();
+    kept_.clear();
     drawing_ = BlankPicture(drawing_.size().expandedTo(size()));
     currentX_ = 0;
     currentY_ = 0;
@@ -118,22 +121,23 @@ double SurfaceWidget::TextHeight(const QString& text) const {
 void SurfaceWidget::Print(const QString& text) {
     CoverWidget();
     const QFont f = DrawingFont();
-    const QStringList lines = LinesOf(text);
-    double y = currentY_;
-    QPainter& painter = Painter();
-    painter.setFont(f);
-    painter.setPen(ToQColor(foreColor_));
+    const QColor colour = ToQColor(foreColor_);
     const QFontMetricsF metrics(f, &drawing_);
-    double x = currentX_;
-    for (const QString& line : lines) {
+    std::vector<std::pair<QPointF, QString>> written;
+    double x = currentX_, y = currentY_;
+    for (const QString& line : LinesOf(text)) {
         const QPointF top = ScaleToPixel(x, y);
-        painter.drawText(QPointF(top.x(), top.y() + metrics.ascent()), line);
+        written.emplace_back(QPointF(top.x(), top.y() + metrics.ascent()), line);
         y += metrics.height() * unitsPerPixelY_;
         x = 0;
     }
+    Keep([f, colour, written = std::move(written)](QPainter& painter) {
+        painter.setFont(f);
+        painter.setPen(colour);
+        for (const auto& [baseline, line] : written) painter.drawText(baseline, line);
+    });
     currentX_ = 0;
     currentY_ = y;
-    Changed();
 }
 
 void SurfaceWidget::SetBackColor(Color color) {
@@ -170,14 +174,14 @@ QPointF SurfaceWidget::PixelToScale(const QPointF& pixel) const {
 QPointF SurfaceWidget::ScaleToPixel(double x, double y) const { return {x / unitsPerPixelX_, y / unitsPerPixelY_}; }
 
 QImage SurfaceWidget::Snapshot() const {
-    EndPainting();
     CoverWidget();
+    PlayKept();
     return drawing_.copy(0, 0, width(), height());
 }
 
 void SurfaceWidget::paintEvent(QPaintEvent* event) {
-    EndPainting();
     CoverWidget();
+    PlayKept();
     QPainter painter(this);
     painter.drawImage(event->rect(), drawing_, event->rect());
 }
@@ -189,13 +193,30 @@ void SurfaceWidget::resizeEvent(QResizeEvent* event) {
 
 void SurfaceWidget::CoverWidget() const {
     if (drawing_.width() >= width() && drawing_.height() >= height()) return;
-    EndPainting();
+    // What was asked for before stands on the drawing as it was then, clipped to it.
+    PlayKept();
     QImage grown = BlankPicture(drawing_.size().expandedTo(size()));
     {
         QPainter painter(&grown);
         painter.drawImage(0, 0, drawing_);
     }
     drawing_ = std::move(grown);
+}
+
+void SurfaceWidget::Keep(Stroke stroke) {
+    kept_.push_back(std::move(stroke));
+    // A surface drawn on for long without being cleared or looked at plays what it keeps, so
+    // that the strokes it keeps stay few.
+    constexpr size_t kMostKept = 4096;
+    if (kept_.size() >= kMostKept) PlayKept();
+    Changed();
+}
+
+void SurfaceWidget::PlayKept() const {
+    if (kept_.empty()) return;
+    QPainter painter(&drawing_);
+    for (const Stroke& stroke : kept_) stroke(painter);
+    kept_.clear();
 }
 
 QImage SurfaceWidget::BlankPicture(QSize size) const {

@@ -6,8 +6,9 @@
 #include <QImage>
 #include <QPainter>
 #include <QWidget>
-#include <memory>
+#include <functional>
 #include <optional>
+#include <vector>
 
 #include "SurfaceState.h"
 
@@ -18,7 +19,6 @@ class SurfaceWidget : public QWidget, public SurfaceState<Surface> {
     Q_OBJECT
 public:
     explicit SurfaceWidget(QWidget* parent = nullptr);
-    ~SurfaceWidget() override;
 
     QString Tag;  // a small text state, as every control has
 
@@ -81,19 +81,23 @@ private:
     void CoverWidget() const;
     QImage BlankPicture(QSize size) const;
     void Changed() { update(); }
-    // The painter on the drawing, opened by the first drawing call and kept for the next ones: a
-    // chart is hundreds of dots, bars and lines, and opening a painter for each costs as much as
-    // drawing a small one. Whatever reads the drawing or replaces it ends the painter first.
-    QPainter& Painter();
-    void EndPainting() const;
+    // A stroke kept for later, with everything it needs from the moment it was asked for (pen,
+    // fill, font, place in pixels).
+    using Stroke = std::function<void(QPainter&)>;
+    // Keeps a stroke. The strokes are played onto the drawing, in order and with one painter,
+    // only when something needs the drawing as it stands: painting the widget, Snapshot, growing
+    // the drawing. A hidden window, as the main window mostly is, then never pays for the chart
+    // that the poll cycle redraws every 11 seconds; Cls drops the strokes it would have cleared.
+    void Keep(Stroke stroke);
+    void PlayKept() const;
 
     Color backColor_;
     std::optional<double> fontSize_;  // none: the widget's own font size
     double unitsPerPixelX_ = 15;
     double unitsPerPixelY_ = 15;
     QImage picture_;
-    mutable QImage drawing_;                     // at least the widget's size; grows, never shrinks
-    mutable std::unique_ptr<QPainter> painter_;  // on drawing_ while open; after it, so it goes first
+    mutable QImage drawing_;            // at least the widget's size; grows, never shrinks
+    mutable std::vector<Stroke> kept_;  // not yet on drawing_
 };
 
 }  // namespace skelda

@@ -226,6 +226,29 @@ TEST_F(SurfaceWidgetTest, EveryStrokeShowsInWhatIsPaintedAndReadBetweenStrokes) 
     surface.hide();
 }
 
+TEST_F(SurfaceWidgetTest, AStrokeStaysClippedToTheDrawingAsItWasWhenTheWidgetGrowsLater) {
+    // A picture box on a form: its drawing starts at its own small size, not a window's.
+    QWidget form;
+    auto* box = new SurfaceWidget(&form);
+    box->resize(200, 100);
+    box->SetBackColor(White);
+    box->Line(0, 750, 4485, 750, Red);  // from x 0 to x 299, past the right edge at 199
+    box->resize(400, 100);
+    const QImage drawn = box->Snapshot();
+    EXPECT_EQ(ColorAt(drawn, 150, 50), Red);
+    EXPECT_EQ(ColorAt(drawn, 199, 50), Red);
+    EXPECT_EQ(ColorAt(drawn, 200, 50), White);
+    EXPECT_EQ(ColorAt(drawn, 250, 50), White);
+}
+
+TEST_F(SurfaceWidgetTest, ALongRunOfStrokesNeverClearedOrLookedAtShowsWhole) {
+    for (int i = 0; i < 10000; ++i) surface.Line(15 * (i % 200), 15 * (i / 200), 15 * (i % 200), 15 * (i / 200), Red);
+    EXPECT_EQ(At(0, 0), Red);
+    EXPECT_EQ(At(199, 49), Red);
+    EXPECT_EQ(At(100, 25), Red);
+    EXPECT_EQ(At(100, 50), White);
+}
+
 // The drawing is exactly Qt's painting of each stroke on its own, whatever strokes came before:
 // here the day chart's kinds of strokes (dots between pixels, wide segments, filled bars, text),
 // against a picture painted stroke by stroke.
