@@ -234,7 +234,8 @@ int SchemaVersion(const QString& schemaSql) {
     return match.hasMatch() ? match.captured(1).toInt() : 0;
 }
 
-Upgrade UpgradeDatabase(const QString& path, const QString& schemaSql, QString* error) {
+Upgrade UpgradeDatabase(const QString& path, const QString& schemaSql, QString* error,
+                        const std::function<void()>& beforeUpgrading) {
     sqlite3* raw = nullptr;
     const int code = sqlite3_open_v2(path.toUtf8().constData(), &raw, SQLITE_OPEN_READWRITE, nullptr);
     const Handle db(raw);
@@ -250,6 +251,7 @@ Upgrade UpgradeDatabase(const QString& path, const QString& schemaSql, QString* 
         return Upgrade::Failed;
     }
     if (current >= version) return Upgrade::UpToDate;
+    if (beforeUpgrading) beforeUpgrading();
     bool keptRepeats = false;
     if (!Run(raw, QStringLiteral("BEGIN IMMEDIATE"), error)) return Upgrade::Failed;
     if (!ApplySchema(raw, schemaSql, keptRepeats, error) || !Run(raw, QStringLiteral("COMMIT"), error)) {

@@ -6,6 +6,7 @@
 
 #include <QList>
 #include <QString>
+#include <functional>
 #include <optional>
 
 namespace skelda {
@@ -56,6 +57,10 @@ enum class Upgrade {
 // afresh), and the indexes that the schema no longer has are dropped. No row of the file's own
 // tables is changed or lost, and all of it is one transaction. A file already at the schema's version is only read, so
 // that this costs next to nothing when there is nothing to do. A missing file is Failed, and is not created.
-Upgrade UpgradeDatabase(const QString& path, const QString& schemaSql, QString* error = nullptr);
+// BeforeUpgrading, when given, is called once the file is known to need the upgrade and before
+// anything is written: an upgrade of years of observations builds indexes over every row and
+// takes seconds, and the caller may want to show something meanwhile.
+Upgrade UpgradeDatabase(const QString& path, const QString& schemaSql, QString* error = nullptr,
+                        const std::function<void()>& beforeUpgrading = {});
 
 }  // namespace skelda

@@ -6,9 +6,11 @@
 #include <QTemporaryDir>
 
 #include "Dao.h"
+#include "Failures.h"
 #include "SeedDatabase.h"
 
 using namespace skelda;
+using namespace skelda::test;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -230,6 +232,29 @@ TEST(UpgradeDatabase, AnEarlierFileGetsTheNewIndexAndSavedQueryAndKeepsItsRows) 
     base.Close();
     // Done once: the file now says it is up to date.
     EXPECT_EQ(UpgradeDatabase(other, DatabaseSchema(), &error), Upgrade::UpToDate);
+}
+
+TEST(UpgradeDatabase, TheCallerHearsOfAnUpgradeOnceBeforeTheFileChangesAndOnlyThen) {
+    QTemporaryDir dir;
+    const QString path = dir.filePath(u"database.mdb"_s);
+    MakeEarlierDatabase(path);
+    const auto hasTableOfDays = [&path] {
+        return ErrorOf([&] { Count(path, u"select count(*) as n from [Zefir.daterelevé]"_s); }) == 0;
+    };
+    int heard = 0;
+    bool tableOfDaysThen = true;
+    const auto listen = [&] {
+        ++heard;
+        tableOfDaysThen = hasTableOfDays();
+    };
+    EXPECT_EQ(UpgradeDatabase(path, DatabaseSchema(), nullptr, listen), Upgrade::Upgraded);
+    EXPECT_EQ(heard, 1);
+    EXPECT_FALSE(tableOfDaysThen);  // nothing was written yet
+    EXPECT_TRUE(hasTableOfDays());
+    // Up to date, missing: nothing to hear.
+    EXPECT_EQ(UpgradeDatabase(path, DatabaseSchema(), nullptr, listen), Upgrade::UpToDate);
+    EXPECT_EQ(UpgradeDatabase(dir.filePath(u"none.mdb"_s), DatabaseSchema(), nullptr, listen), Upgrade::Failed);
+    EXPECT_EQ(heard, 1);
 }
 
 TEST(UpgradeDatabase, AFreshFileIsUpToDateAndAMissingOneIsNotCreated) {
