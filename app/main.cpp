@@ -16,6 +16,7 @@
 #include "ScreenMessageBoxes.h"
 #include "SeedDatabase.h"
 #include "Servers.h"
+#include "StartUpPicture.h"
 #include "StatistiqueMensuelle.h"
 #include "ajoutareoports.h"
 
@@ -23,6 +24,7 @@
 #include <QStringList>
 
 #include <cstdlib>
+#include <memory>
 
 namespace {
 
@@ -63,8 +65,14 @@ int main(int argc, char* argv[]) {
                       ApplicationPath(QCoreApplication::arguments())};
     // A database made by an earlier version gets this version's indexes, saved query and table of
     // days, rows untouched; a file already up to date is only read. Whatever goes wrong here is
-    // left for the main window's load to meet, as a missing database always was.
-    UpgradeDatabase(services.applicationPath + QStringLiteral("/database.mdb"), DatabaseSchema());
+    // left for the main window's load to meet, as a missing database always was. On years of
+    // observations the upgrade takes a second or two: the start-up picture stands from its
+    // beginning, where the start form shows it next, and goes once the start form stands there.
+    std::unique_ptr<StartUpPicture> picture;
+    UpgradeDatabase(services.applicationPath + QStringLiteral("/database.mdb"), DatabaseSchema(), nullptr, [&] {
+        picture = std::make_unique<StartUpPicture>();
+        picture->ShowNow();
+    });
     Forms forms(services);
     forms.Provide<Form1>(&LoadForm1WithPollCycle);
     forms.Provide<FrmIcone>(&FrmIcone::Load);
@@ -80,6 +88,11 @@ int main(int argc, char* argv[]) {
     // failure there (a missing database, say) is a run-time error, shown by the box of the
     // event that first touches the forms, so the load runs from the event loop.
     QMetaObject::invokeMethod(
-        &app, [&] { guard.Handle([&] { forms.Widget<FrmIcone>().show(); }); }, Qt::QueuedConnection);
+        &app,
+        [&] {
+            guard.Handle([&] { forms.Widget<FrmIcone>().show(); });
+            picture.reset();
+        },
+        Qt::QueuedConnection);
     return QApplication::exec();
 }

@@ -3,10 +3,8 @@
 #include <QAction>
 #include <QCoreApplication>
 #include <QCursor>
-#include <QGuiApplication>
 #include <QLabel>
 #include <QMenu>
-#include <QScreen>
 #include <cstdlib>
 #include <memory>
 
@@ -20,6 +18,7 @@
 #include "Log.h"
 #include "ResumeNext.h"
 #include "RunTime.h"
+#include "StartUpPicture.h"
 #include "StatistiqueMensuelle.h"
 #include "Text.h"
 
@@ -57,20 +56,10 @@ FrmIcone* FrmIcone::Load(Forms& forms) {
 
 void FrmIcone::BuildControls() {
     setObjectName(QStringLiteral("FrmIcone"));
-    SetCaption(QStringLiteral("SKELDA - le zefir en temps réel"));
-    // Client area 3825 by 6405 twips, in the middle of the screen, where a start-up screen stands.
-    resize(ToPixels(3825), ToPixels(6405));
-    if (const QScreen* screen = QGuiApplication::primaryScreen())
-        move(screen->geometry().center() - QPoint(width() / 2, height() / 2));
-
-    // The picture was drawn for a screen of 12 twips to a pixel, where it fills the box at its
-    // own size; at our 15 twips to a pixel it is scaled to the box, so that the whole start-up
-    // picture still covers the form.
-    Picture1 = new QLabel(this);
-    Picture1->setObjectName(QStringLiteral("Picture1"));
-    Picture1->setPixmap(QPixmap(QStringLiteral(":/app/splash.png")));
-    Picture1->setScaledContents(true);
-    Place(Picture1, -24, -24, 3900, 6528);
+    SetCaption(StartFormCaption());
+    // The start-up screen: the size, the place and the picture, as StartUpPicture shows them
+    // alone while an earlier database is brought up to date.
+    Picture1 = PlaceStartUpPicture(*this);
 
     // The image stands behind the picture box, as lightweight controls do: it only holds the
     // notification icon's picture.
