@@ -80,8 +80,12 @@ void FillZefir(const QString& path, QDate firstDay, int days) {
 }  // namespace
 
 void CreateSyntheticStore(const QString& path, QDate firstDay, int days) {
+    CreateSyntheticStore(path, firstDay, days, DatabaseSchema());
+}
+
+void CreateSyntheticStore(const QString& path, QDate firstDay, int days, const QString& schemaSql) {
     QString error;
-    if (!CreateDatabase(path, DatabaseSchema(), Airports(), &error)) throw std::runtime_error(error.toStdString());
+    if (!CreateDatabase(path, schemaSql, Airports(), &error)) throw std::runtime_error(error.toStdString());
     FillZefir(path, firstDay, days);
 }
 

@@ -15,4 +15,8 @@ inline constexpr int kStorePerDay = 48;    // one observation at :00 and :30 of 
 // benchmark's set-up takes seconds. Throws std::runtime_error on failure.
 void CreateSyntheticStore(const QString& path, QDate firstDay, int days);
 
+// The same with another layout than the program's (SchemaSql, which makes tables Aéroports and
+// Zefir): a file as an earlier version made it.
+void CreateSyntheticStore(const QString& path, QDate firstDay, int days, const QString& schemaSql);
+
 }  // namespace skelda::bench
