@@ -70,6 +70,8 @@ protected:
     static inline std::unique_ptr<GatewayWorld> world_;
 };
 
+TEST_F(Gateway, TheShippedSitePassesNginxsOwnCheck) { EXPECT_EQ(World().CheckShippedSite(), QString()); }
+
 TEST_F(Gateway, ThePollStoresTheReportOfTheSourcesStationFile) {
     Start(GoodSource);
     ASSERT_TRUE(Poll());
@@ -240,7 +242,7 @@ TEST_F(Gateway, AnUnknownStationClosesWithoutAReply) {
 
 TEST_F(Gateway, ACodeOfOtherCharactersIsRefusedWithoutAskingTheSource) {
     Start(GoodSource);
-    for (const QByteArray code :
+    for (const QByteArray& code :
          {QByteArray("LF-B"), QByteArray("LF%2FB"), QByteArray("..%2F..%2Fetc"), QByteArray("")}) {
         const QByteArray reply = GatewayWorld::Exchange("GET http://127.83.75.1/pub/data/observations/metar/stations/" +
                                                         code + ".TXT HTTP/1.0\r\n\r\n");
@@ -253,7 +255,7 @@ TEST_F(Gateway, ACodeOfOtherCharactersIsRefusedWithoutAskingTheSource) {
 
 TEST_F(Gateway, AMethodOtherThanGetOrHeadIsRefusedWithoutAskingTheSource) {
     Start(GoodSource);
-    for (const QByteArray method : {QByteArray("POST"), QByteArray("PUT"), QByteArray("DELETE")}) {
+    for (const QByteArray& method : {QByteArray("POST"), QByteArray("PUT"), QByteArray("DELETE")}) {
         const QByteArray reply =
             GatewayWorld::Exchange(method +
                                    " http://127.83.75.1/pub/data/observations/metar/stations/LFPB.TXT HTTP/1.0\r\n"
@@ -269,9 +271,9 @@ TEST_F(Gateway, AMethodOtherThanGetOrHeadIsRefusedWithoutAskingTheSource) {
 
 TEST_F(Gateway, AnyOtherPathIsNotFoundAndTheGatewayIsNoOpenProxy) {
     Start(GoodSource);
-    for (const QByteArray path : {QByteArray("/"), QByteArray("/data/observations/metar/stations/LFPB.TXT"),
-                                  QByteArray("/.skelda/station/LFPB"), QByteArray("http://example.com/"),
-                                  QByteArray("/weatherapi/locationforecast/2.0/compact?lat=1&lon=2")}) {
+    for (const QByteArray& path : {QByteArray("/"), QByteArray("/data/observations/metar/stations/LFPB.TXT"),
+                                   QByteArray("/.skelda/station/LFPB"), QByteArray("http://example.com/"),
+                                   QByteArray("/weatherapi/locationforecast/2.0/compact?lat=1&lon=2")}) {
         const QByteArray reply = GatewayWorld::Exchange("GET " + path + " HTTP/1.0\r\n\r\n");
         EXPECT_TRUE(reply.startsWith("HTTP/1.1 404")) << path.toStdString() << ": " << reply.left(40).toStdString();
     }

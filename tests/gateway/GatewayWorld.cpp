@@ -226,10 +226,44 @@ bool GatewayWorld::StartSources() {
     return true;
 }
 
+// The rendered site and the main configuration that includes it, in folder g: with the sources
+// file given.
+bool GatewayWorld::MakeSite(const QString& g, const QString& sources) {
+    for (const char* folder : {"cache/last-good", "state", "log"}) QDir().mkpath(g + u'/' + QLatin1String(folder));
+    QProcess render;
+    render.start(QStringLiteral(SKELDA_GATEWAY_SCRIPT),
+                 {QStringLiteral("render"), QStringLiteral("DATADIR=") + QStringLiteral(SKELDA_GATEWAY_DATA),
+                  QStringLiteral("CACHEDIR=") + g + QStringLiteral("/cache"),
+                  QStringLiteral("STATEDIR=") + g + QStringLiteral("/state"),
+                  QStringLiteral("LOGDIR=") + g + QStringLiteral("/log"), QStringLiteral("SOURCES=") + sources,
+                  QStringLiteral("FCGI_SOCKET=") + g + QStringLiteral("/fcgiwrap.sock"),
+                  QStringLiteral("SOURCE_SOCKET=") + g + QStringLiteral("/source.sock"),
+                  QStringLiteral("PAGEMAKER=") + QStringLiteral(SKELDA_PAGE_MAKER)});
+    if (!render.waitForFinished(10000) || render.exitCode() != 0) {
+        error_ =
+            QStringLiteral("skelda-gateway render failed: ") + QString::fromLocal8Bit(render.readAllStandardError());
+        return false;
+    }
+    QByteArray conf = "load_module " + JsModule.toUtf8() + ";\n" + Head(g, QStringLiteral("nginx"));
+    conf += "http {\n" + TempPaths(g, QStringLiteral("temp")) + "    include " + g.toUtf8() + "/site.conf;\n}\n";
+    const QString relative = QDir(Folder()).relativeFilePath(g);
+    return WriteFile(relative + QStringLiteral("/site.conf"), render.readAllStandardOutput()) &&
+           WriteFile(relative + QStringLiteral("/nginx.conf"), conf);
+}
+
+QString GatewayWorld::CheckShippedSite() {
+    const QString g = Path(QStringLiteral("shipped"));
+    if (!MakeSite(g, QStringLiteral(SKELDA_GATEWAY_SOURCES))) return error_;
+    QString output;
+    Run(QStringLiteral("nginx"),
+        {QStringLiteral("-t"), QStringLiteral("-q"), QStringLiteral("-p"), g, QStringLiteral("-c"),
+         g + QStringLiteral("/nginx.conf")},
+        &output);
+    return output;
+}
+
 bool GatewayWorld::StartGateway(const QString& source, bool withPageMaker) {
     StopGateway();
-    for (const char* folder : {"gateway/cache/last-good", "gateway/state", "gateway/log"})
-        QDir().mkpath(Path(QLatin1String(folder)));
     // The shipped list of sources, with the test's address and authority in place of the public
     // ones, and a contact so that forecasts are asked for.
     QFile shipped(QStringLiteral(SKELDA_GATEWAY_SOURCES));
@@ -248,26 +282,7 @@ bool GatewayWorld::StartGateway(const QString& source, bool withPageMaker) {
     if (!WriteFile(QStringLiteral("gateway/sources.conf"), sources)) return false;
 
     const QString g = Path(QStringLiteral("gateway"));
-    QProcess render;
-    render.start(QStringLiteral(SKELDA_GATEWAY_SCRIPT),
-                 {QStringLiteral("render"), QStringLiteral("DATADIR=") + QStringLiteral(SKELDA_GATEWAY_DATA),
-                  QStringLiteral("CACHEDIR=") + g + QStringLiteral("/cache"),
-                  QStringLiteral("STATEDIR=") + g + QStringLiteral("/state"),
-                  QStringLiteral("LOGDIR=") + g + QStringLiteral("/log"),
-                  QStringLiteral("SOURCES=") + g + QStringLiteral("/sources.conf"),
-                  QStringLiteral("FCGI_SOCKET=") + g + QStringLiteral("/fcgiwrap.sock"),
-                  QStringLiteral("SOURCE_SOCKET=") + g + QStringLiteral("/source.sock"),
-                  QStringLiteral("PAGEMAKER=") + QStringLiteral(SKELDA_PAGE_MAKER)});
-    if (!render.waitForFinished(10000) || render.exitCode() != 0) {
-        error_ =
-            QStringLiteral("skelda-gateway render failed: ") + QString::fromLocal8Bit(render.readAllStandardError());
-        return false;
-    }
-    QByteArray conf = "load_module " + JsModule.toUtf8() + ";\n" + Head(g, QStringLiteral("nginx"));
-    conf += "http {\n" + TempPaths(g, QStringLiteral("temp")) + "    include " + g.toUtf8() + "/site.conf;\n}\n";
-    if (!WriteFile(QStringLiteral("gateway/site.conf"), render.readAllStandardOutput()) ||
-        !WriteFile(QStringLiteral("gateway/nginx.conf"), conf))
-        return false;
+    if (!MakeSite(g, g + QStringLiteral("/sources.conf"))) return false;
     // A socket left by an nginx that was stopped hard would keep the next one from listening.
     QFile::remove(g + QStringLiteral("/source.sock"));
     if (withPageMaker) {

@@ -55,6 +55,9 @@ public:
     // the last good copies of an earlier start of the same world.
     bool StartGateway(const QString& source, bool withPageMaker = false);
     void StopGateway();
+    // nginx's own check of the site as shipped (the public sources by name, the machine's
+    // authorities): its output, empty when the check passes.
+    QString CheckShippedSite();
     // Forgets the minute's cache of station files, as if it had run out; the last good copies
     // stay.
     void ExpireStationCache();
@@ -78,6 +81,7 @@ public:
 private:
     QString Path(const QString& name) const { return root_.filePath(name); }
     bool MakeCertificates();
+    bool MakeSite(const QString& folder, const QString& sources);
     bool WriteFile(const QString& name, const QByteArray& content);
 
     QTemporaryDir root_;

@@ -7,4 +7,6 @@ if ! unshare -rn true 2>/dev/null; then
     exit 77
 fi
 command -v ip >/dev/null || { echo "ip (iproute2) is missing: the gateway's tests are skipped"; exit 77; }
-exec unshare -rn sh -c 'ip link set lo up && exec "$@"' sh "$@"
+# In a process namespace too, whose end takes every server the tests started with it, whatever
+# way the tests end.
+exec unshare -rn --pid --fork --kill-child sh -c 'ip link set lo up && exec "$@"' sh "$@"
