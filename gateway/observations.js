@@ -35,6 +35,8 @@ function send(r, body) {
 
 function keep(r, code, body) {
     const path = lastGoodPath(r, code);
+    // Most polls find the copy they would write: reading it is cheaper than writing it again.
+    if (lastGood(r, code) === body) return;
     try {
         // Written aside and renamed, so that a reader never meets half a file.
         fs.writeFileSync(path + '.new', body);

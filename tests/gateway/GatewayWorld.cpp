@@ -82,6 +82,17 @@ bool Nginx::Start(const QString& folder, const QString& configuration, const QSt
     return false;
 }
 
+QList<qint64> Nginx::Processes() const {
+    QList<qint64> pids;
+    if (process_.state() == QProcess::NotRunning) return pids;
+    pids.append(process_.processId());
+    QFile children(QStringLiteral("/proc/%1/task/%1/children").arg(process_.processId()));
+    if (children.open(QIODevice::ReadOnly))
+        for (const QByteArray& pid : children.readAll().split(' '))
+            if (!pid.trimmed().isEmpty()) pids.append(pid.trimmed().toLongLong());
+    return pids;
+}
+
 void Nginx::Stop() {
     if (process_.state() == QProcess::NotRunning) return;
     process_.terminate();
@@ -207,6 +218,9 @@ bool GatewayWorld::StartSources() {
     conf += "    server {\n        listen " + UntrustedSource.toUtf8() + " ssl;\n        ssl_certificate " +
             (pki + QStringLiteral("/self.pem")).toUtf8() + ";\n        ssl_certificate_key " +
             (pki + QStringLiteral("/self.key")).toUtf8() + ";\n        root " + www + ";\n    }\n";
+    conf += "    server {\n        listen " + PlainFileServer.toUtf8() +
+            ":80;\n        access_log off;\n        root " + www + ";\n" +
+            "        location /pub/ {\n            alias " + www + "/data/;\n        }\n    }\n";
     conf += "}\n";
     if (!WriteFile(QStringLiteral("sources.nginx.conf"), conf)) return false;
     if (!sources_.Start(Folder(), Path(QStringLiteral("sources.nginx.conf")), GoodSource)) {
@@ -305,6 +319,12 @@ bool GatewayWorld::StartGateway(const QString& source, bool withPageMaker) {
         while (!QFileInfo::exists(g + QStringLiteral("/fcgiwrap.sock")) && timer.elapsed() < 5000) QThread::msleep(20);
     }
     return true;
+}
+
+QList<qint64> GatewayWorld::GatewayProcesses() const {
+    QList<qint64> pids = gateway_.Processes();
+    if (fcgiwrap_.state() != QProcess::NotRunning) pids.append(fcgiwrap_.processId());
+    return pids;
 }
 
 void GatewayWorld::StopGateway() {

@@ -20,6 +20,8 @@ inline const QString GoodSource = QStringLiteral("127.0.0.2:443");
 inline const QString SilentSource = QStringLiteral("127.0.0.3:443");
 inline const QString UntrustedSource = QStringLiteral("127.0.0.4:443");
 inline const QString AbsentSource = QStringLiteral("127.0.0.5:443");
+// A plain file server of the same station files, over plain HTTP on port 80, to compare with.
+inline const QString PlainFileServer = QStringLiteral("127.0.0.6");
 
 // The gateway's address and port, as the program has them.
 inline const QString GatewayAddress = QStringLiteral("127.83.75.1");
@@ -33,6 +35,8 @@ public:
     bool Start(const QString& folder, const QString& configuration, const QString& ready);
     void Stop();
     QString Error() const { return error_; }
+    // The master process and its workers.
+    QList<qint64> Processes() const;
 
 private:
     QProcess process_;
@@ -76,6 +80,8 @@ public:
     static QByteArray Exchange(const QByteArray& request, int timeoutMs = 15000);
 
     QString Folder() const { return root_.path(); }
+    // The gateway's processes: nginx's master and workers, and fcgiwrap when it runs.
+    QList<qint64> GatewayProcesses() const;
     QString Error() const { return error_; }
 
 private:

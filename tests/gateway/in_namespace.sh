@@ -9,4 +9,4 @@ fi
 command -v ip >/dev/null || { echo "ip (iproute2) is missing: the gateway's tests are skipped"; exit 77; }
 # In a process namespace too, whose end takes every server the tests started with it, whatever
 # way the tests end.
-exec unshare -rn --pid --fork --kill-child sh -c 'ip link set lo up && exec "$@"' sh "$@"
+exec unshare -rn --pid --fork --kill-child --mount-proc sh -c 'ip link set lo up && exec "$@"' sh "$@"
