@@ -5,7 +5,6 @@
 #include <QLabel>
 #include <QTimer>
 
-#include "Text.h"
 #include "TrayFixture.h"
 
 using namespace skelda;
@@ -233,7 +232,8 @@ TEST_F(Tray, AReceptionReachesTheTipThroughTheCaption) {
     tray.Timer1.Fire();
     f.T.SetEnabled(false);
     ASSERT_TRUE(QTest::qWaitFor([&] { return LogCount(QStringLiteral("New Metaf Recorded ")) == 1; }, 5000));
-    const QString attendu = Trim(f.List1->Text()).toString() + QStringLiteral("\r\nWest South West Force 4");
+    // Le Bourget's entry with its three blanks trimmed, then the wind of the report.
+    const QString attendu = QStringLiteral("Paris - Le Bourget\r\nWest South West Force 4");
     EXPECT_EQ(tray.Caption(), attendu);
     tray.Timer1.Fire();
     EXPECT_EQ(tray.TipText(), attendu);
