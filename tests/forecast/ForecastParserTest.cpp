@@ -105,13 +105,17 @@ TEST(ForecastParser, SevenBlocksShowSixAndReadTheSeventhOverAgain) {
     EXPECT_EQ(e.ordre, (QList<int>{0, 1, 2, 3, 4, 5}));
     EXPECT_EQ(e.textes.value(5), QStringLiteral(" Rain. Low 41F(5)c."));
 
-    // Behind a seventh block with a tag in the rest, the same text comes back before each tag
-    // and ends as an eighth block, still not shown.
-    Blocs huit = blocs;
-    huit.append({QStringLiteral("Saturday:"), QStringLiteral(" Sun")});
-    Enregistrement f;
-    ASSERT_TRUE(LirePrevision(PageDe(huit), f, ArretApres(1000, passes)));
-    EXPECT_EQ(f.ordre.size(), 6);
+    // Behind a seventh block " ab", the same text comes back before each tag of the rest, and
+    // the eighth block's text "F." is read as " abF.": the F stands fourth, "ab" before it is
+    // taken for a number, and that is the type failure. Read on its own, "F." would convert
+    // nothing, as the seventh text alone would.
+    Blocs huit = SixBlocs();
+    huit.append({QStringLiteral("Friday:"), QStringLiteral(" ab")});
+    Blocs seul = huit;
+    huit.append({QStringLiteral("Saturday:"), QStringLiteral("F.")});
+    EXPECT_EQ(ErreurDe(PageDe(huit)), TypeMismatch);
+    EXPECT_EQ(ErreurDe(PageDe(seul)), 0);
+    EXPECT_EQ(ConvertirTemperatures(QStringLiteral("F.")), QStringLiteral("F."));
 }
 
 TEST(ForecastParser, CrLfLineEndsLoseTheNextBlocksHeading) {

@@ -64,8 +64,8 @@ TEST_F(Statistics, EveryControlStandsAtItsDesignPlace) {
     for (const Placed& p : places) {
         const auto* w = f.findChild<QWidget*>(QString::fromUtf8(p.name));
         ASSERT_NE(w, nullptr) << p.name;
-        EXPECT_EQ(LeftOf(w), ToPixels(p.left) * 15.0) << p.name;
-        EXPECT_EQ(TopOf(w), ToPixels(p.top) * 15.0) << p.name;
+        EXPECT_EQ(LeftOf(w), p.left) << p.name;
+        EXPECT_EQ(TopOf(w), p.top) << p.name;
         EXPECT_EQ(WidthOf(w), p.width) << p.name;
         EXPECT_EQ(HeightOf(w), p.height) << p.name;
     }
