@@ -65,4 +65,9 @@ std::optional<Place> FindPlace(QStringView code) {
     return BuiltInPlaces()[*found];
 }
 
+QByteArray SourcePath(const Place& place) {
+    return "/weatherapi/locationforecast/2.0/compact?lat=" + QByteArray::number(place.latitude, 'f', 4) +
+           "&lon=" + QByteArray::number(place.longitude, 'f', 4);
+}
+
 }  // namespace skelda

@@ -3,6 +3,7 @@
 // weather-util-data).
 #pragma once
 
+#include <QByteArray>
 #include <QList>
 #include <QString>
 #include <QStringView>
@@ -30,5 +31,10 @@ std::optional<Place> FindPlace(QStringView code);
 
 // The whole built-in table, in its order.
 const QList<Place>& BuiltInPlaces();
+
+// The path of the place's forecast on the source, Locationforecast 2.0 compact:
+// "/weatherapi/locationforecast/2.0/compact?lat=<lat>&lon=<lon>", with four decimals, since the
+// source may refuse a client that asks with more.
+QByteArray SourcePath(const Place& place);
 
 }  // namespace skelda

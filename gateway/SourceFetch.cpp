@@ -20,11 +20,6 @@ size_t Collect(char* data, size_t size, size_t count, void* target) {
 
 }  // namespace
 
-QByteArray SourcePath(const Place& place) {
-    return "/weatherapi/locationforecast/2.0/compact?lat=" + QByteArray::number(place.latitude, 'f', 4) +
-           "&lon=" + QByteArray::number(place.longitude, 'f', 4);
-}
-
 std::optional<QByteArray> FetchFromSource(const QString& socketPath, const Place& place) {
     const std::unique_ptr<CURL, decltype(&curl_easy_cleanup)> curl(curl_easy_init(), curl_easy_cleanup);
     if (!curl) return std::nullopt;

@@ -12,11 +12,7 @@
 
 namespace skelda {
 
-// "/weatherapi/locationforecast/2.0/compact?lat=<lat>&lon=<lon>", with four decimals: the source
-// may refuse a client that asks with more.
-QByteArray SourcePath(const Place& place);
-
-// GET http://localhost<SourcePath> through the Unix socket at SocketPath, 5 s in all at most
+// GET http://localhost<SourcePath> (Places.h) through the Unix socket at SocketPath, 5 s in all at most
 // (Skelda's window waits on the page). The body of a 200 or 203 reply, at most 8 MB; nullopt when
 // the socket can't be reached, the time runs out, or the reply is anything else.
 std::optional<QByteArray> FetchFromSource(const QString& socketPath, const Place& place);
