@@ -33,6 +33,23 @@ import zoneinfo
 
 SEED = "data/airports.csv"
 
+# The package's notice, which goes with every copy of its data.
+ISC_NOTICE = """
+Copyright (c) 2006-2023 Jeremy Stanley <fungi@yuggoth.org>
+
+Permission to use, copy, modify, and distribute this software for any
+purpose with or without fee is hereby granted, provided that the above
+copyright notice and this permission notice appear in all copies.
+
+The software is provided "as is" and the author disclaims all warranties
+with regard to this software including all implied warranties of
+merchantability and fitness. In no event shall the author be liable for
+any special, direct, indirect, or consequential damages or any damages
+whatsoever resulting from loss of use, data or profits, whether in an
+action of contract, negligence or other tortious action, arising out of
+or in connection with the use or performance of this software.
+"""
+
 # The codes of the old portal, held by databases made before the station codes, each with the
 # airport whose place answers it.
 EARLIER_CODES = {
@@ -172,8 +189,10 @@ def main():
 
     out = sys.stdout
     out.write("# Made by gateway/makeplaces.py from Debian's weather-util-data: do not edit by hand.\n")
-    out.write("# Coordinates (c) 2006-2023 Jeremy Stanley, ISC licence, from public-domain NOAA and\n")
-    out.write("# OurAirports data.\n")
+    out.write("# The coordinates come from that package, made from public-domain NOAA and OurAirports\n")
+    out.write("# data, under its licence (ISC):\n#\n")
+    for line in ISC_NOTICE.strip("\n").split("\n"):
+        out.write(("# " + line).rstrip() + "\n")
     out.write("code;latitude;longitude;zone;name\n")
     for row in rows:
         out.write(";".join(row) + "\n")
