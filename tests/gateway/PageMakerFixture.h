@@ -20,8 +20,8 @@
 #include "PageMaker.h"
 #include "Places.h"
 
-// Texts print as text when an expectation fails.
-inline void PrintTo(const QString& text, std::ostream* os) { *os << '"' << text.toStdString() << '"'; }
+// Lists of texts print as texts when an expectation fails (PageMakerPrinting.h does it for one
+// text, which the poll cycle's fixture also does).
 inline void PrintTo(const QStringList& texts, std::ostream* os) {
     *os << '{';
     for (const QString& text : texts) *os << '"' << text.toStdString() << "\" ";
