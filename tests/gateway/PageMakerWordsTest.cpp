@@ -265,3 +265,12 @@ TEST(PageMakerCodes, ForecastsAndUnknownCitiesAreKeptAnHourTheOthersAMinute) {
     EXPECT_EQ(CgiReply({PageKind::SourceFailure, QStringLiteral("x")}),
               QByteArray("Status: 200 OK\nContent-Type: text/html\nX-Accel-Expires: 60\n\nx"));
 }
+
+// A system without the zone (no time-zone data installed) still gets a page, in UTC.
+TEST(PageMakerPlaces, AZoneTheSystemDoesntKnowGivesPagesInUtc) {
+    const PagePlace place =
+        PagePlaceOf({QStringLiteral("XXXX"), 10, 10, QStringLiteral("Nowhere/Atlantis"), QStringLiteral("X")});
+    EXPECT_EQ(place.zone, QTimeZone::utc());
+    const Lu lu = LireAvecLeLecteur(NotAvailablePage(Utc("2024-07-10T17:20:00Z"), place).text);
+    EXPECT_EQ(lu.titres.value(0), QStringLiteral("Today"));
+}

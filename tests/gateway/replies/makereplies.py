@@ -143,8 +143,8 @@ def make(scenario):
         groups.setdefault(key, (peak, []))[1].append(t)
     series = []
     for index, (key, (peak, members)) in enumerate(groups.items()):
-        spec = scenario["periods"][index] if index < len(scenario["periods"]) else DEFAULT
-        extreme, cloud, low, high, direction, symbol, rate = spec
+        values = scenario["periods"][index] if index < len(scenario["periods"]) else DEFAULT
+        extreme, cloud, low, high, direction, symbol, rate = values
         day = key[1]
         nearest = min(members, key=lambda t: abs((t - peak).total_seconds()))
         base = symbol or sky_symbol(cloud)
