@@ -45,16 +45,15 @@ QList<Period> SixPeriods(const QDateTime& nowUtc, const QTimeZone& zone) {
     const int hour = local.time().hour();
     QDate date = local.date();
 
+    // The first period starts with the hour under way, whose step the source's reply begins with.
     QList<Period> periods;
-    QDateTime start = hourUnderWay;
-    bool day = hour >= 6 && hour < 18;
-    if (day) {
-        periods.append({QStringLiteral("Today"), start, At(date, 18, zone), true});
+    if (hour >= 6 && hour < 18) {
+        periods.append({QStringLiteral("Today"), hourUnderWay, At(date, 18, zone), true});
         periods.append({QStringLiteral("Tonight"), At(date, 18, zone), At(date.addDays(1), 6, zone), false});
         date = date.addDays(1);
     } else {
         if (hour >= 18) date = date.addDays(1);
-        periods.append({QStringLiteral("Tonight"), start, At(date, 6, zone), false});
+        periods.append({QStringLiteral("Tonight"), hourUnderWay, At(date, 6, zone), false});
     }
     while (periods.size() < 6) {
         const QString name = WeekdayName(date);
