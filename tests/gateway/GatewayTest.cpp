@@ -2,6 +2,7 @@
 // the addresses the program is built with, against the real gateway and stand-ins of the public
 // sources, all in a network namespace of the tests' own.
 #include "GatewayWorld.h"
+#include "PageMakerFixture.h"
 #include "Servers.h"
 #include "forecast/ForecastFixture.h"
 
@@ -303,6 +304,59 @@ TEST_F(Gateway, ARightClickWithoutThePageMakerOpensTheForecastWindowSayingSo) {
     EXPECT_EQ(window.Texte(0)->Caption(), QStringLiteral(" The forecast is not available yet."));
     EXPECT_EQ(window.Titre(5)->Caption(), QStringLiteral("Next night"));
     EXPECT_TRUE(Form().T.Enabled());
+}
+
+TEST_F(Gateway, ARightClickShowsTheForecastMadeFromTheSourceInSixBlocks) {
+    // The source's forecast from the hour under way, hour by hour for sixty hours, then every six.
+    const QDateTime now = QDateTime::currentDateTimeUtc();
+    const QDateTime hour(now.date(), QTime(now.time().hour(), 0), QTimeZone::UTC);
+    World().ServeFile(QStringLiteral("/weatherapi/locationforecast/2.0/compact"), ReponseReguliere(hour));
+    Start(GoodSource, true);
+    Presser(LigneBourget, Qt::LeftButton);
+    Presser(LigneBourget, Qt::RightButton);
+    EXPECT_TRUE(runTimeEnds.empty());
+    EXPECT_TRUE(boxes.shown.empty());
+    ForecastForm& window = Prevision();
+    EXPECT_TRUE(forms.Widget<ForecastForm>().isVisible());
+    EXPECT_TRUE(window.Titre(0)->Caption() == QStringLiteral("Today") ||
+                window.Titre(0)->Caption() == QStringLiteral("Tonight"))
+        << window.Titre(0)->Caption().toStdString();
+    for (int block = 0; block < 6; ++block) {
+        EXPECT_FALSE(window.Titre(block)->Caption().isEmpty()) << block;
+        // Each block ends in its temperature, converted: "High 59F(15)c."
+        EXPECT_TRUE(window.Texte(block)->Caption().contains(QRegularExpression(QStringLiteral("F\\(-?[0-9]+\\)c\\.$"))))
+            << block << ": " << window.Texte(block)->Caption().toStdString();
+    }
+    const QStringList asked = World().SourceRequests().filter(QStringLiteral("/compact?"));
+    ASSERT_EQ(asked.size(), 1);
+    // Paris-Charles de Gaulle's place, at four decimals at most, and the contact in the User-Agent.
+    EXPECT_TRUE(asked.first().startsWith(QStringLiteral("GET /weatherapi/locationforecast/2.0/compact?lat=49.")))
+        << asked.first().toStdString();
+    EXPECT_TRUE(asked.first().contains(QStringLiteral("tests@skelda.invalid")));
+    EXPECT_TRUE(Form().T.Enabled());
+}
+
+TEST_F(Gateway, ManyRightClicksAskTheSourceOncePerCode) {
+    const QDateTime now = QDateTime::currentDateTimeUtc();
+    World().ServeFile(QStringLiteral("/weatherapi/locationforecast/2.0/compact"),
+                      ReponseReguliere(QDateTime(now.date(), QTime(now.time().hour(), 0), QTimeZone::UTC)));
+    Start(GoodSource, true);
+    Presser(LigneBourget, Qt::LeftButton);
+    for (int i = 0; i < 5; ++i) Presser(LigneBourget, Qt::RightButton);
+    const QByteArray page = GatewayWorld::Exchange("GET /forecast/FRXX0076.html HTTP/1.0\r\n\r\n");
+    EXPECT_TRUE(page.contains("<!--TEXT FORECAST-->"));
+    EXPECT_TRUE(runTimeEnds.empty());
+    EXPECT_EQ(World().SourceRequests().filter(QStringLiteral("/compact?")).size(), 1);
+}
+
+TEST_F(Gateway, AnUnknownCityGetsAPageInTheLayoutWithoutAskingTheSource) {
+    Start(GoodSource, true);
+    for (const QByteArray& code : {QByteArray("ZZZZ"), QByteArray("LF-PG"), QByteArray("%3Cb%3E")}) {
+        const QByteArray page = GatewayWorld::Exchange("GET /forecast/" + code + ".html HTTP/1.0\r\n\r\n");
+        EXPECT_TRUE(page.startsWith("HTTP/1.1 200")) << code.toStdString();
+        EXPECT_TRUE(page.contains("<!--TEXT FORECAST-->")) << code.toStdString();
+    }
+    EXPECT_TRUE(World().SourceRequests().filter(QStringLiteral("/compact")).isEmpty());
 }
 
 }  // namespace
