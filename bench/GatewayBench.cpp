@@ -8,6 +8,7 @@
 #include "GatewayWorld.h"
 
 #include <QCoreApplication>
+#include <QDateTime>
 #include <QFile>
 
 #include <arpa/inet.h>
@@ -47,6 +48,24 @@ size_t Exchange(const char* address, const std::string& request) {
     return received;
 }
 
+// A forecast in MET Norway's format, two days hour by hour from the hour under way, at 15 degrees.
+QByteArray ForecastReply() {
+    const QDateTime now = QDateTime::currentDateTimeUtc();
+    QDateTime t(now.date(), QTime(now.time().hour(), 0), Qt::UTC);
+    QByteArray series;
+    for (int i = 0; i < 24 * 9; ++i, t = t.addSecs(3600)) {
+        if (!series.isEmpty()) series += ',';
+        const QByteArray next =
+            "{\"summary\":{\"symbol_code\":\"partlycloudy_day\"},"
+            "\"details\":{\"precipitation_amount\":0.0}}";
+        series += "{\"time\":\"" + t.toString(Qt::ISODate).toLatin1() +
+                  "\",\"data\":{\"instant\":{\"details\":{\"air_temperature\":15.0,\"wind_speed\":4.0,"
+                  "\"wind_from_direction\":250.0,\"cloud_area_fraction\":50.0}},\"next_1_hours\":" +
+                  next + ",\"next_6_hours\":" + next + "}}";
+    }
+    return "{\"type\":\"Feature\",\"properties\":{\"timeseries\":[" + series + "]}}";
+}
+
 std::string Request(const char* host) {
     return std::string("GET http://") + host +
            "/pub/data/observations/metar/stations/LFPB.TXT HTTP/1.0\r\nAccept: */*\r\nAccept: text/html\r\n\r\n";
@@ -79,6 +98,16 @@ void PollThroughTheGatewayWithAWarmCache(benchmark::State& state) {
 }
 BENCHMARK(PollThroughTheGatewayWithAWarmCache)->Unit(benchmark::kMicrosecond);
 
+// A forecast page the page maker made a moment ago, served again from the gateway's cache.
+void CachedForecastPage(benchmark::State& state) {
+    const std::string request = "GET /forecast/LFPG.html HTTP/1.0\r\n\r\n";
+    Exchange("127.83.75.1", request);  // made once
+    size_t size = 0;
+    for (auto _ : state) size = Exchange("127.83.75.1", request);
+    state.counters["page_bytes"] = double(size);
+}
+BENCHMARK(CachedForecastPage)->Unit(benchmark::kMicrosecond);
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -108,6 +137,8 @@ int main(int argc, char** argv) {
     }
     world = std::make_unique<GatewayWorld>();
     world->ServeStation(QStringLiteral("LFPB"), Report);
+    // The source's forecast, hour by hour from the hour under way.
+    world->ServeFile(QStringLiteral("/weatherapi/locationforecast/2.0/compact"), ForecastReply());
     if (!world->StartSources() || !world->StartGateway(skelda::test::GoodSource, true)) {
         fprintf(stderr, "%s\n", qPrintable(world->Error()));
         return 1;

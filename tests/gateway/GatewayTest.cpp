@@ -309,7 +309,7 @@ TEST_F(Gateway, ARightClickWithoutThePageMakerOpensTheForecastWindowSayingSo) {
 TEST_F(Gateway, ARightClickShowsTheForecastMadeFromTheSourceInSixBlocks) {
     // The source's forecast from the hour under way, hour by hour for sixty hours, then every six.
     const QDateTime now = QDateTime::currentDateTimeUtc();
-    const QDateTime hour(now.date(), QTime(now.time().hour(), 0), QTimeZone::UTC);
+    const QDateTime hour(now.date(), QTime(now.time().hour(), 0), Qt::UTC);
     World().ServeFile(QStringLiteral("/weatherapi/locationforecast/2.0/compact"), ReponseReguliere(hour));
     Start(GoodSource, true);
     Presser(LigneBourget, Qt::LeftButton);
@@ -339,7 +339,7 @@ TEST_F(Gateway, ARightClickShowsTheForecastMadeFromTheSourceInSixBlocks) {
 TEST_F(Gateway, ManyRightClicksAskTheSourceOncePerCode) {
     const QDateTime now = QDateTime::currentDateTimeUtc();
     World().ServeFile(QStringLiteral("/weatherapi/locationforecast/2.0/compact"),
-                      ReponseReguliere(QDateTime(now.date(), QTime(now.time().hour(), 0), QTimeZone::UTC)));
+                      ReponseReguliere(QDateTime(now.date(), QTime(now.time().hour(), 0), Qt::UTC)));
     Start(GoodSource, true);
     Presser(LigneBourget, Qt::LeftButton);
     for (int i = 0; i < 5; ++i) Presser(LigneBourget, Qt::RightButton);
