@@ -102,6 +102,7 @@ remove_gateway() {
     as_root "$gateway" disable
     as_root xargs -d '\n' rm -f -- <build/install_manifest_gateway.txt
     as_root rm -f build/install_manifest_gateway.txt
+    as_root rmdir /usr/local/lib/skelda /usr/local/share/skelda/gateway /usr/local/share/skelda 2>/dev/null || true
     echo "Skelda's gateway is removed; nginx stays"
 }
 
