@@ -282,6 +282,21 @@ TEST_F(Form1Load, ADoubleClickRedrawsFirstThenAsksForThePoll) {
     form.hide();
 }
 
+TEST_F(Form1Load, AClickOnTheAirportAlreadySelectedRedrawsOnItsClickAndItsMouseDown) {
+    db.AddObservation(Releve(LeBourget, 11, 0));
+    Form1& form = FormOnRecording();
+    form.show();
+    ASSERT_EQ(form.List1->ListIndex(), LigneLeBourget);
+    recording.Clear();
+    const QPoint line = form.List1->visualItemRect(form.List1->item(LigneLeBourget)).center();
+    QTest::mouseClick(form.List1->viewport(), Qt::LeftButton, {}, line);
+    // List1_Click draws the chart, and so does List1_MouseDown for the left button.
+    EXPECT_EQ(recording.Count(DrawOp::Cls), 2);
+    EXPECT_EQ(form.List1->ListIndex(), LigneLeBourget);
+    EXPECT_EQ(form.W.State(), sckClosed);
+    form.hide();
+}
+
 TEST_F(Form1Load, ChoosingADateRedrawsThatDay) {
     TestObservation other = Releve(LeBourget, 9, 0);
     other.day = QDate(2004, 11, 3);

@@ -13,6 +13,7 @@
 #include <QMenuBar>
 #include <QMouseEvent>
 #include <QPointer>
+#include <QTest>
 
 using namespace skelda;
 using namespace skelda::test;
@@ -245,6 +246,50 @@ TEST_F(Statistics, ChangingTheYearAloneLeavesThePlotAsItIs) {
     f.Mois->SetListIndex(2);
     EXPECT_EQ(recording.Count(DrawOp::Cls), 1);
     EXPECT_TRUE(f.Jour[9]->Tag.contains(QStringLiteral("Maxi    30 Nds")));
+}
+
+TEST_F(Statistics, AClickOnTheMonthSelectedAtOpeningDrawsIt) {
+    Observe(LeBourget, QDate(2004, 3, 5), QTime(10, 0), 20);
+    StatistiqueMensuelle& f = FormOnRecording();
+    f.show();
+    ASSERT_EQ(f.Aeroports->ListIndex(), LineLeBourget);
+    ASSERT_EQ(f.Mois->ListIndex(), 2);
+    recording.Clear();
+    QTest::mouseClick(f.Mois->viewport(), Qt::LeftButton, {}, f.Mois->visualItemRect(f.Mois->item(2)).center());
+    EXPECT_EQ(recording.Count(DrawOp::Cls), 1);
+    EXPECT_TRUE(f.Jour[5]->Tag.contains(QStringLiteral("Maxi    20 Nds")));
+    f.hide();
+}
+
+TEST_F(Statistics, AClickOnTheAirportSelectedAtOpeningDrawsIt) {
+    Observe(LeBourget, QDate(2004, 3, 5), QTime(10, 0), 20);
+    StatistiqueMensuelle& f = FormOnRecording();
+    f.show();
+    recording.Clear();
+    const QRect line = f.Aeroports->visualItemRect(f.Aeroports->item(LineLeBourget));
+    QTest::mouseClick(f.Aeroports->viewport(), Qt::LeftButton, {}, line.center());
+    EXPECT_EQ(recording.Count(DrawOp::Cls), 1);
+    EXPECT_TRUE(f.Jour[5]->Tag.contains(QStringLiteral("Maxi    20 Nds")));
+    f.hide();
+}
+
+TEST_F(Statistics, ALaterClickOnTheSelectedMonthRedrawsWithTheNewYear) {
+    Observe(LeBourget, QDate(2004, 3, 5), QTime(10, 0), 20);
+    Observe(LeBourget, QDate(2003, 3, 9), QTime(10, 0), 30);
+    StatistiqueMensuelle& f = FormOnRecording();
+    f.show();
+    const QPoint mars = f.Mois->visualItemRect(f.Mois->item(2)).center();
+    QTest::mouseClick(f.Mois->viewport(), Qt::LeftButton, {}, mars);
+    ASSERT_TRUE(f.Jour[9]->Tag.isEmpty());
+    // 2003 chosen with the mouse: the year list has no handler, so nothing is drawn yet.
+    recording.Clear();
+    QTest::mouseClick(f.Annee->viewport(), Qt::LeftButton, {}, f.Annee->visualItemRect(f.Annee->item(0)).center());
+    EXPECT_EQ(f.Annee->ListIndex(), 0);
+    EXPECT_TRUE(recording.Calls().empty());
+    QTest::mouseClick(f.Mois->viewport(), Qt::LeftButton, {}, mars);
+    EXPECT_EQ(recording.Count(DrawOp::Cls), 1);
+    EXPECT_TRUE(f.Jour[9]->Tag.contains(QStringLiteral("Maxi    30 Nds")));
+    f.hide();
 }
 
 TEST_F(Statistics, UncheckingTheTemperatureBoxGreysItAndCheckingRestoresItsColour) {
