@@ -5,6 +5,7 @@
 #include "Airports.h"
 #include "Artwork.h"
 #include "Convert.h"
+#include "Failure.h"
 #include "Forms.h"
 #include "PrinterSurface.h"
 #include "RunTime.h"
@@ -246,7 +247,12 @@ void StatistiqueMensuelle::Form_Load() {
     ChargerAeroports(liste, forms_.module1().TableIDA, DatabasePath());
     const QDate today = forms_.services().clock.Now().date();
     Mois->SetListIndex(today.month() - 1);
-    Annee->SetListIndex(today.year() - 2003);
+    // A year before 2003 is outside the list as well. 2002 would give -1, which a list takes for
+    // "no line selected", and the first click would then never return (AfficherMois loops on a
+    // query that can't open): it is refused as every other year outside the list is.
+    const int annee = today.year() - 2003;
+    if (annee < 0) throw RuntimeError(InvalidPropertyValue);
+    Annee->SetListIndex(annee);
     // 6. The wind scale, one label every 5 knots beside the plot, from the plot's own lines.
     for (int i = 1; i <= 50; ++i) {
         if (i % 5 != 0) continue;

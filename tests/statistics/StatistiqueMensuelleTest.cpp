@@ -206,6 +206,18 @@ TEST_F(Statistics, OpeningInAYearOutsideTheListFailsAtTheYear) {
     EXPECT_EQ(form.StatPrete, 0);
 }
 
+TEST_F(Statistics, OpeningInAYearBeforeTheListFailsAtTheYearAsAfterIt) {
+    for (const int year : {2002, 2001}) {
+        clock.Set(QDateTime(QDate(year, 3, 1), QTime(12, 0)));
+        StatistiqueMensuelle form(forms);
+        EXPECT_EQ(ErrorOf([&] { form.Form_Load(); }), InvalidPropertyValue) << year;
+        EXPECT_EQ(form.Mois->ListIndex(), 2);
+        EXPECT_EQ(form.Annee->ListIndex(), -1);
+        EXPECT_EQ(form.TxtTemp.size(), 1u);
+        EXPECT_EQ(form.StatPrete, 0);
+    }
+}
+
 TEST_F(Statistics, OpeningWithoutADatabaseFailsAtTheAirports) {
     ASSERT_TRUE(QFile::remove(db.Path()));
     StatistiqueMensuelle form(forms);
