@@ -225,20 +225,26 @@ TEST_F(Statistics, OpeningWithoutADatabaseFailsAtTheAirports) {
     EXPECT_EQ(form.StatPrete, 0);
 }
 
-TEST_F(Statistics, TheWindScaleIsLoadedEveryFiveKnotsFromThePlotsLines) {
+TEST_F(Statistics, TheWindScaleIsLoadedEveryFiveKnotsFromThePlotsDesignTop) {
     StatistiqueMensuelle& f = Form();
     ASSERT_EQ(f.TxtTemp.size(), 11u);
-    // Top = Picture1.Top + 5000 - 100 i - Height / 2, to the even whole number: the picture's top
-    // reads 210 in whole pixels, so 5112.5 - 100 i, which rounds down to the even 5112 - 100 i.
-    for (int i = 5; i <= 50; i += 5) {
-        Label* label = f.TxtTemp.at(i);
-        EXPECT_EQ(label->objectName(), QStringLiteral("TxtTemp(%1)").arg(i));
-        EXPECT_EQ(label->Caption(), QStringLiteral("%1 nds").arg(i));
+    // Top = 204 + 5000 - 100 i - 195 / 2 = 5106.5 - 100 i, to the even whole number: 4606 twips
+    // for 5 knots down to 106 for 50, each kept in whole pixels (15 twips to the pixel).
+    const struct {
+        int knots;
+        int twips;
+        int pixels;
+    } scale[] = {{5, 4606, 307},  {10, 4106, 274}, {15, 3606, 240}, {20, 3106, 207}, {25, 2606, 174},
+                 {30, 2106, 140}, {35, 1606, 107}, {40, 1106, 74},  {45, 606, 40},   {50, 106, 7}};
+    for (const auto& [knots, twips, pixels] : scale) {
+        SCOPED_TRACE(twips);
+        Label* label = f.TxtTemp.at(knots);
+        EXPECT_EQ(label->objectName(), QStringLiteral("TxtTemp(%1)").arg(knots));
+        EXPECT_EQ(label->Caption(), QStringLiteral("%1 nds").arg(knots));
         EXPECT_TRUE(label->isVisibleTo(&f));
-        EXPECT_EQ(label->y(), ToPixels(5112 - 100 * i)) << i;
-        EXPECT_EQ(LeftOf(label), LeftOf(f.TxtTemp.at(0)));
+        EXPECT_EQ(label->y(), pixels);
+        EXPECT_EQ(label->x(), 144);  // TxtTemp(0)'s left, 2160 twips
     }
-    EXPECT_EQ(f.TxtTemp.at(50)->y(), ToPixels(112));
 }
 
 // ---- The lists and the check boxes
