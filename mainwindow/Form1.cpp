@@ -25,6 +25,7 @@ namespace skelda {
 namespace {
 constexpr int vbFormControlMenu = 0;  // the user closed the window
 constexpr int vbFormCode = 1;         // the program asked it to close
+constexpr int vbAppWindows = 2;       // the session of the desktop is ending
 
 void PaintLine(QPainter& painter, const LineControl& line) {
     if (!line.Visible) return;
@@ -69,6 +70,7 @@ void Form1::WireEvents() {
     }
     // The readout follows the pointer without a button pressed.
     setMouseTracking(true);
+    OnSessionEnd(this, [this](SessionEnd& fin) { guard().Handle([&] { FinDeSession(fin); }); });
 }
 
 void Form1::Form_Load() {
@@ -136,6 +138,14 @@ void Form1::Form_QueryUnload(int& Cancel, int /*UnloadMode*/) {
     Cancel = 1;
     hide();
     Tag = QStringLiteral("MASQUE");
+}
+
+void Form1::FinDeSession(SessionEnd& Fin) {
+    int Cancel = 0;
+    Form_QueryUnload(Cancel, vbAppWindows);
+    // Only a program that may still interact with the user can refuse: a forced logout ends it
+    // all the same, without "Skelda Terminated".
+    if (Cancel != 0 && Fin.AllowsInteraction()) Fin.Cancel();
 }
 
 void Form1::closeEvent(QCloseEvent* event) {

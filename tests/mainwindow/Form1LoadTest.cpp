@@ -10,6 +10,7 @@
 #include <QMenu>
 #include <QMouseEvent>
 #include <QScreen>
+#include <QSessionManager>
 #include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
@@ -227,6 +228,65 @@ TEST_F(Form1Load, ClosingLeavesThePollCycleRunning) {
     EXPECT_TRUE(form.T.Enabled());
     EXPECT_TRUE(forms.Loaded<Form1>());
     form.T.SetEnabled(false);
+}
+
+// ---- The end of the desktop session
+
+namespace {
+
+// A session manager's request, as the desktop makes it, that remembers the refusal.
+struct EndOfSession : SessionEnd {
+    explicit EndOfSession(bool interaction) : interaction(interaction) {}
+    bool AllowsInteraction() override {
+        ++asked;
+        return interaction;
+    }
+    void Cancel() override { ++cancelled; }
+    bool interaction;
+    int asked = 0;
+    int cancelled = 0;
+};
+
+}  // namespace
+
+TEST_F(Form1Load, TheEndOfTheSessionIsRefusedAndTheWindowOnlyHides) {
+    Form1& form = Form();
+    form.show();
+    form.T.SetEnabled(true);
+    EndOfSession end(true);
+    form.FinDeSession(end);
+    EXPECT_EQ(end.cancelled, 1);
+    EXPECT_FALSE(form.isVisible());
+    EXPECT_EQ(form.Tag, QStringLiteral("MASQUE"));
+    EXPECT_TRUE(forms.Loaded<Form1>());
+    EXPECT_TRUE(form.T.Enabled());
+    EXPECT_EQ(LogCount(QStringLiteral("Skelda Terminated")), 0);
+    form.T.SetEnabled(false);
+}
+
+TEST_F(Form1Load, AForcedEndOfTheSessionIsNotRefused) {
+    Form1& form = Form();
+    form.show();
+    EndOfSession end(false);
+    form.FinDeSession(end);
+    EXPECT_EQ(end.asked, 1);
+    EXPECT_EQ(end.cancelled, 0);
+    EXPECT_FALSE(form.isVisible());
+    EXPECT_EQ(form.Tag, QStringLiteral("MASQUE"));
+}
+
+TEST_F(Form1Load, TheSessionManagersRequestReachesTheForm) {
+    Form1& form = Form();
+    form.show();
+    auto* application = qobject_cast<QGuiApplication*>(QCoreApplication::instance());
+    ASSERT_NE(application, nullptr);
+    QSessionManager* manager = application->findChild<QSessionManager*>();
+    if (manager == nullptr) GTEST_SKIP() << "this Qt has no session management";
+    emit application->commitDataRequest(*manager);
+    EXPECT_FALSE(form.isVisible());
+    EXPECT_EQ(form.Tag, QStringLiteral("MASQUE"));
+    EXPECT_TRUE(forms.Loaded<Form1>());
+    EXPECT_TRUE(runTimeEnds.empty());
 }
 
 // ---- The tray's menu on the background
