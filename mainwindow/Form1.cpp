@@ -61,10 +61,14 @@ void Form1::WireEvents() {
        [this](int button, int shift, double x, double y) { List1_MouseMove(button, shift, x, y); });
     On(guard(), List1, &ListBox::MouseDown, this,
        [this](int button, int shift, double x, double y) { List1_MouseDown(button, shift, x, y); });
+    // Every control has mouse events of its own, whether or not it handles them: only the bare
+    // background of the form pops up the tray's menu and moves the readout. Without this, Qt
+    // would pass on to the form what a label, a picture or a frame leaves alone.
+    for (QWidget* control : findChildren<QWidget*>(Qt::FindDirectChildrenOnly))
+        control->setAttribute(Qt::WA_NoMousePropagation);
     for (int i = 0; i < int(FKNT.size()); ++i) {
-        // A slot label's mouse move is its own event, as on any control, and isn't the form's too.
+        // A slot label's mouse move is its own event, and reaches its handler.
         FKNT[i]->setMouseTracking(true);
-        FKNT[i]->setAttribute(Qt::WA_NoMousePropagation);
         On(guard(), FKNT[i], &Label::MouseMove, this,
            [this, i](int button, int shift, double x, double y) { FKNT_MouseMove(i, button, shift, x, y); });
     }

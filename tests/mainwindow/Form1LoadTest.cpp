@@ -317,6 +317,70 @@ TEST_F(Form1Load, ALeftClickPopsUpNothing) {
     EXPECT_FALSE(forms.Loaded<TrayStandIn>());
 }
 
+// ---- The controls' own mouse events
+
+namespace {
+
+// A tray form that counts the menus asked of it instead of showing one.
+struct CountingTray : QWidget, TrayForm {
+    QString Caption() const override { return {}; }
+    void SetCaption(const QString&) override {}
+    void PopupMenu() override { ++popups; }
+    int popups = 0;
+};
+
+}  // namespace
+
+TEST_F(Form1Load, ARightPressOnALabelOrAFrameIsTheirsAndPopsUpNoMenu) {
+    forms.Provide<CountingTray>([](Forms&) { return new CountingTray; });
+    forms.ProvideAs<TrayForm, CountingTray>();
+    Form1& form = Form();
+    form.show();
+    form.LeBulletin->setVisible(true);
+    form.TXTbulletin->SetCaption(QStringLiteral("Vent 240 ° 10 Kts"));
+    CountingTray& tray = forms.Get<CountingTray>();
+    const QList<QWidget*> controls{form.TXTbulletin, form.LeBulletin, form.Frame1,   form.Label8[5],
+                                   form.Label8[23],  form.ICO[7],     form.Label5,   form.Label9[3],
+                                   form.Label12,     form.PV,         form.Picture1, form.Frame4};
+    for (QWidget* control : controls) {
+        const QPoint inside(control->width() / 2, control->height() / 2);
+        QTest::mousePress(control, Qt::RightButton, {}, inside);
+        QTest::mouseRelease(control, Qt::RightButton, {}, inside);
+        EXPECT_EQ(tray.popups, 0) << control->objectName().toStdString();
+    }
+    // The bare background of the form still does.
+    QTest::mousePress(&form, Qt::RightButton, {}, QPoint(400, 150));
+    QTest::mouseRelease(&form, Qt::RightButton, {}, QPoint(400, 150));
+    EXPECT_EQ(tray.popups, 1);
+    form.hide();
+}
+
+TEST_F(Form1Load, MovingOverALabelOrAFrameLeavesTheReadoutAlone) {
+    db.AddObservation(Releve(LeBourget, 10, 0));
+    Form1& form = Form();
+    form.show();
+    // Over the background, in the left part of the column of slot 20 (10:00): pixel 398, whose
+    // middle stands at 5977.5 twips, 20.2 columns of 180 right of the axis at 2341.
+    const QPoint colonne(398, 130);
+    QTest::mouseMove(&form, colonne);
+    ASSERT_EQ(form.DerniereColonne, 20);
+    ASSERT_TRUE(form.LeBulletin->isVisibleTo(&form));
+    // The hour labels and pictures stand under other columns of the chart; the bulletin and the
+    // frame of the last observation left of it and above it.
+    // The pointer goes over each with no button down, then drags across it with the left one.
+    for (QWidget* control : QList<QWidget*>{form.Label8[3], form.ICO[12], form.TXTbulletin, form.LeBulletin,
+                                            form.Frame1, form.Label8[23]}) {
+        const QPoint inside(control->width() / 2, control->height() / 2);
+        QTest::mouseMove(control, inside);
+        QTest::mousePress(control, Qt::LeftButton, {}, inside);
+        QTest::mouseMove(control, inside + QPoint(2, 1));
+        QTest::mouseRelease(control, Qt::LeftButton, {}, inside + QPoint(2, 1));
+        EXPECT_EQ(form.DerniereColonne, 20) << control->objectName().toStdString();
+        EXPECT_TRUE(form.LeBulletin->isVisibleTo(&form)) << control->objectName().toStdString();
+    }
+    form.hide();
+}
+
 // ---- The lists
 
 TEST_F(Form1Load, SelectingAnAirportRedrawsAtOnceButDoesntPoll) {
