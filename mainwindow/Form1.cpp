@@ -93,14 +93,14 @@ void Form1::Form_Load() {
     Line1015.Y2 = Line1015.Y1;
     update();
     // 5. Filling the list raises its Click, which draws nothing yet (ChargementFini is false).
+    //    With no active airport the list refuses its line 0 (380), and the start ends there.
     ListeAdapter<ListBox> liste(*List1);
     ChargerAeroports(liste, forms_.module1().TableIDA, DatabasePath());
     // 6. and 7. The newest date.
     RemplirDates();
     ChoixDate->SetListIndex(ChoixDate->Tag.toInt());
-    // 8. The preferred airport. Through the same adapter as the filling, so that an empty list
-    //    (no active airport) selects nothing instead of stopping the start.
-    liste.SetListIndex(List1->Tag.toInt());
+    // 8. The preferred airport.
+    List1->SetListIndex(List1->Tag.toInt());
     // 9. and 10.
     ChargementFini = -1;
     TracerCourbe();

@@ -3,6 +3,7 @@
 #include "MainWindowFixture.h"
 #include "TrayStandIn.h"
 
+#include "Failures.h"
 #include "Regional.h"
 
 #include <QCloseEvent>
@@ -131,12 +132,16 @@ TEST_F(Form1Load, AnEmptyTableGivesTodayAloneAndAnEmptyChart) {
     for (Label* slot : form.FKNT) EXPECT_EQ(slot->Tag, QString());
 }
 
-TEST_F(Form1Load, NoActiveAirportLeavesTheListEmptyAndStartsAllTheSame) {
+TEST_F(Form1Load, NoActiveAirportEndsTheStartAtTheAirportList) {
     ASSERT_TRUE(db.Exec(QStringLiteral("UPDATE \"Aéroports\" SET \"activé\" = 0")));
-    Form1& form = Form();
+    Form1 form(forms);
+    EXPECT_EQ(ErrorOf([&] { form.Form_Load(); }), InvalidPropertyValue);
     EXPECT_EQ(form.List1->ListCount(), 0);
     EXPECT_EQ(form.List1->ListIndex(), -1);
-    EXPECT_EQ(form.ChargementFini, -1);
+    // The dates come after the airports, and the first chart at the end.
+    EXPECT_EQ(form.ChoixDate->ListCount(), 0);
+    EXPECT_EQ(form.ChargementFini, 0);
+    EXPECT_EQ(LogCount(QStringLiteral("Skelda Starting")), 1);
 }
 
 TEST_F(Form1Load, AMissingDatabaseEndsTheStartAfterTheLogLine) {
