@@ -142,11 +142,9 @@ void ListBox::mousePressEvent(QMouseEvent* event) {
 void ListBox::mouseReleaseEvent(QMouseEvent* event) { QListWidget::mouseReleaseEvent(event); }
 
 void ListBox::mouseDoubleClickEvent(QMouseEvent* event) {
-    // The second press of another button than the left is a press like the first one.
-    if (event->button() != Qt::LeftButton) {
-        mousePressEvent(event);
-        return;
-    }
+    // A double click of another button than the left selects nothing and raises nothing more
+    // than its first press did.
+    if (event->button() != Qt::LeftButton) return;
     // Its first press raised Click; the second raises none on the same line, only DblClick.
     QListWidget::mouseDoubleClickEvent(event);
     emit DblClick();

@@ -162,6 +162,14 @@ protected:
 
     QPoint LineCentre(int line) const { return list->visualItemRect(list->item(line)).center(); }
 
+    // A double click as the platform delivers it: a press and a release, then the second press
+    // as a double click, and its release.
+    void DoubleClick(Qt::MouseButton button, QPoint at) {
+        QTest::mouseClick(list->viewport(), button, {}, at);
+        QTest::mouseDClick(list->viewport(), button, {}, at);
+        QTest::mouseRelease(list->viewport(), button, {}, at);
+    }
+
     std::unique_ptr<ListBox> list;
     QStringList events;
 };
@@ -192,14 +200,14 @@ TEST_F(PlainList, AClickBelowTheLastLineRaisesNoClick) {
 TEST_F(PlainList, ADoubleClickOnTheSelectedLineRaisesOneClickThenDblClick) {
     list->SetListIndex(1);
     events.clear();
-    QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, LineCentre(1));
+    DoubleClick(Qt::LeftButton, LineCentre(1));
     EXPECT_EQ(events, QStringList({"Click", "MouseDown 1", "DblClick"}));
 }
 
 TEST_F(PlainList, ADoubleClickOnAnotherLineRaisesOneClickThenDblClick) {
     list->SetListIndex(0);
     events.clear();
-    QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, LineCentre(2));
+    DoubleClick(Qt::LeftButton, LineCentre(2));
     EXPECT_EQ(events, QStringList({"Click", "MouseDown 1", "DblClick"}));
     EXPECT_EQ(list->ListIndex(), 2);
 }
@@ -215,9 +223,10 @@ TEST_F(PlainList, AMoveByTheKeyboardRaisesClick) {
 TEST_F(PlainList, ARightPressSelectsNothingAndRaisesOnlyMouseDown) {
     list->SetListIndex(0);
     events.clear();
-    QTest::mousePress(list->viewport(), Qt::RightButton, {}, LineCentre(2));
-    QTest::mouseRelease(list->viewport(), Qt::RightButton, {}, LineCentre(2));
-    QTest::mouseDClick(list->viewport(), Qt::RightButton, {}, LineCentre(2));
+    QTest::mouseClick(list->viewport(), Qt::RightButton, {}, LineCentre(2));
+    EXPECT_EQ(events, QStringList({"MouseDown 2"}));
+    // A double click of the right button: its second press raises nothing either.
+    DoubleClick(Qt::RightButton, LineCentre(2));
     EXPECT_EQ(events, QStringList({"MouseDown 2", "MouseDown 2"}));
     EXPECT_EQ(list->ListIndex(), 0);
     EXPECT_TRUE(list->Selected(0));
