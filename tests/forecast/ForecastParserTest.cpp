@@ -232,6 +232,28 @@ TEST(ForecastParser, AClosingBracketWellBeforeTheFirstOpeningOneFails) {
     EXPECT_EQ(ErreurDe(Page(texte)), InvalidProcedureCall);
 }
 
+TEST(ForecastParser, AClosingBracketTwoPlacesBeforeTheFirstOpeningOneFails) {
+    // Behind the heading, " Winds >5<p>" has its ">" at 8 and its "<" at 10: the tag's length
+    // comes to 8 - 10 + 1 = -1, which is no length at all. That is the fifth pass (the start
+    // marker, the line feed, "<b>", "</b>", then this one), before any "<p>": nothing is shown.
+    const QString texte = QStringLiteral("<!--TEXT FORECAST-->\n<b>Today:</b> Winds >5<p>\n<!--ENDTEXT FORECAST-->");
+    Enregistrement e;
+    int passes = 0;
+    EXPECT_EQ(ErrorOf([&] { LirePrevision(Page(texte), e, ArretApres(1000, passes)); }), InvalidProcedureCall);
+    EXPECT_EQ(e.montre, 1);
+    EXPECT_TRUE(e.ordre.isEmpty());
+    EXPECT_EQ(passes, 5);
+}
+
+TEST(ForecastParser, AHeadingWithASlashBeforeItsThirdCharacterFails) {
+    // "<b>A/B:</b>": the first "/" stands at 5, so the heading's length is 5 - 6 = -1.
+    const QString texte = QStringLiteral("<!--TEXT FORECAST-->\n<b>A/B:</b> Sunny.<p>\n<!--ENDTEXT FORECAST-->");
+    Enregistrement e;
+    EXPECT_EQ(ErrorOf([&] { LirePrevision(Page(texte), e); }), InvalidProcedureCall);
+    EXPECT_TRUE(e.titres.isEmpty());
+    EXPECT_TRUE(e.ordre.isEmpty());
+}
+
 TEST(ForecastParser, MoreThanSixteenBlocksIsASubscriptFailure) {
     Blocs blocs;
     for (int i = 0; i < 17; ++i) blocs.append({QStringLiteral("Day %1:").arg(i), QStringLiteral(" x")});

@@ -151,14 +151,21 @@ TEST_F(Forecast, RightClickOnAnAirportFillsTheForecastWindow) {
     EXPECT_TRUE(runTimeEnds.empty());
 }
 
-TEST_F(Forecast, RightClickOnAnotherAirportSelectsItAndFetchesItsForecast) {
-    portal.Serve("/forecast/UKXX0085.html", PageDe({{QStringLiteral("Monday:"), QStringLiteral(" Drizzle.")}}));
+TEST_F(Forecast, RightClickOnAnotherAirportLeavesTheSelectionAndFetchesTheSelectedOnesForecast) {
+    portal.Serve("/forecast/FRXX0076.html", PageDe({{QStringLiteral("Monday:"), QStringLiteral(" Drizzle.")}}));
     Form1& f = Form();
     ASSERT_EQ(f.List1->ListIndex(), LigneBourget);
+    f.drawingSurface = &recording;
+    recording.Clear();
     Presser(LigneHeathrow, Qt::RightButton);
-    EXPECT_EQ(f.List1->ListIndex(), LigneHeathrow);
-    EXPECT_EQ(portal.Paths(), QStringList{QStringLiteral("/forecast/UKXX0085.html")});
-    EXPECT_EQ(Prevision().Nomvilleaeroport->Caption(), QStringLiteral("London - Heathrow"));
+    // The right button selects nothing: the forecast is that of the line selected before, and
+    // the chart isn't drawn again.
+    EXPECT_EQ(f.List1->ListIndex(), LigneBourget);
+    EXPECT_FALSE(f.List1->Selected(LigneHeathrow));
+    EXPECT_TRUE(recording.Calls().empty());
+    EXPECT_EQ(portal.Paths(), QStringList{QStringLiteral("/forecast/FRXX0076.html")});
+    EXPECT_EQ(Prevision().Nomvilleaeroport->Caption(), QStringLiteral("Paris - Le Bourget"));
+    EXPECT_EQ(Prevision().Label1->Caption(), QStringLiteral(" Drizzle."));
 }
 
 TEST_F(Forecast, RightClickWithoutCodeShowsTheBoxAndTRunsAgain) {

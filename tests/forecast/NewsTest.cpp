@@ -49,6 +49,20 @@ TEST_F(News, TheFirstPollShowsTheNewsWindowWithThePageAndTheTimeOfLoading) {
     EXPECT_TRUE(runTimeEnds.empty());
 }
 
+TEST_F(News, AtMidnightTheTimeOfLoadingIsTheDateAlone) {
+    // The general format of a date value leaves out a time of exactly 00:00:00, and the
+    // system's clock has no fraction of a second.
+    clock.Set(QDateTime(QDate(2004, 11, 3), QTime(0, 0, 0, 400)));
+    Connect(Form());
+    ASSERT_TRUE(forms.Loaded<Promo>());
+    EXPECT_EQ(forms.Get<Promo>().Label2->Caption(), QStringLiteral("03/11/2004"));
+    // A second later the time is there again.
+    forms.Unload<Promo>();
+    clock.Set(QDateTime(QDate(2004, 11, 3), QTime(0, 0, 1)));
+    Promo& again = forms.Get<Promo>();
+    EXPECT_EQ(again.Label2->Caption(), QStringLiteral("03/11/2004 00:00:01"));
+}
+
 TEST_F(News, SecondAndLaterPollsMakeNoFetch) {
     Connect(Form());
     PollSuivant();

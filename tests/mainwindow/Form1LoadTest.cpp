@@ -3,6 +3,7 @@
 #include "MainWindowFixture.h"
 #include "TrayStandIn.h"
 
+#include "Failures.h"
 #include "Regional.h"
 
 #include <QCloseEvent>
@@ -10,6 +11,7 @@
 #include <QMenu>
 #include <QMouseEvent>
 #include <QScreen>
+#include <QSessionManager>
 #include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
@@ -133,12 +135,16 @@ TEST_F(Form1Load, AnEmptyTableGivesTodayAloneAndAnEmptyChart) {
     for (Label* slot : form.FKNT) EXPECT_EQ(slot->Tag, QString());
 }
 
-TEST_F(Form1Load, NoActiveAirportLeavesTheListEmptyAndStartsAllTheSame) {
+TEST_F(Form1Load, NoActiveAirportEndsTheStartAtTheAirportList) {
     ASSERT_TRUE(db.Exec(QStringLiteral("UPDATE \"Aéroports\" SET \"activé\" = 0")));
-    Form1& form = Form();
+    Form1 form(forms);
+    EXPECT_EQ(ErrorOf([&] { form.Form_Load(); }), InvalidPropertyValue);
     EXPECT_EQ(form.List1->ListCount(), 0);
     EXPECT_EQ(form.List1->ListIndex(), -1);
-    EXPECT_EQ(form.ChargementFini, -1);
+    // The dates come after the airports, and the first chart at the end.
+    EXPECT_EQ(form.ChoixDate->ListCount(), 0);
+    EXPECT_EQ(form.ChargementFini, 0);
+    EXPECT_EQ(LogCount(QStringLiteral("Skelda Starting")), 1);
 }
 
 TEST_F(Form1Load, AMissingDatabaseEndsTheStartAfterTheLogLine) {
@@ -244,6 +250,65 @@ TEST_F(Form1Load, ClosingLeavesThePollCycleRunning) {
     EXPECT_TRUE(runTimeEnds.empty());
 }
 
+// ---- The end of the desktop session
+
+namespace {
+
+// A session manager's request, as the desktop makes it, that remembers the refusal.
+struct EndOfSession : SessionEnd {
+    explicit EndOfSession(bool interaction) : interaction(interaction) {}
+    bool AllowsInteraction() override {
+        ++asked;
+        return interaction;
+    }
+    void Cancel() override { ++cancelled; }
+    bool interaction;
+    int asked = 0;
+    int cancelled = 0;
+};
+
+}  // namespace
+
+TEST_F(Form1Load, TheEndOfTheSessionIsRefusedAndTheWindowOnlyHides) {
+    Form1& form = Form();
+    form.show();
+    form.T.SetEnabled(true);
+    EndOfSession end(true);
+    form.FinDeSession(end);
+    EXPECT_EQ(end.cancelled, 1);
+    EXPECT_FALSE(form.isVisible());
+    EXPECT_EQ(form.Tag, QStringLiteral("MASQUE"));
+    EXPECT_TRUE(forms.Loaded<Form1>());
+    EXPECT_TRUE(form.T.Enabled());
+    EXPECT_EQ(LogCount(QStringLiteral("Skelda Terminated")), 0);
+    form.T.SetEnabled(false);
+}
+
+TEST_F(Form1Load, AForcedEndOfTheSessionIsNotRefused) {
+    Form1& form = Form();
+    form.show();
+    EndOfSession end(false);
+    form.FinDeSession(end);
+    EXPECT_EQ(end.asked, 1);
+    EXPECT_EQ(end.cancelled, 0);
+    EXPECT_FALSE(form.isVisible());
+    EXPECT_EQ(form.Tag, QStringLiteral("MASQUE"));
+}
+
+TEST_F(Form1Load, TheSessionManagersRequestReachesTheForm) {
+    Form1& form = Form();
+    form.show();
+    auto* application = qobject_cast<QGuiApplication*>(QCoreApplication::instance());
+    ASSERT_NE(application, nullptr);
+    QSessionManager* manager = application->findChild<QSessionManager*>();
+    if (manager == nullptr) GTEST_SKIP() << "this Qt has no session management";
+    emit application->commitDataRequest(*manager);
+    EXPECT_FALSE(form.isVisible());
+    EXPECT_EQ(form.Tag, QStringLiteral("MASQUE"));
+    EXPECT_TRUE(forms.Loaded<Form1>());
+    EXPECT_TRUE(runTimeEnds.empty());
+}
+
 // ---- The tray's menu on the background
 
 TEST_F(Form1Load, ARightClickOnTheBackgroundPopsUpTheTraysMenu) {
@@ -270,6 +335,70 @@ TEST_F(Form1Load, ALeftClickPopsUpNothing) {
     SendMouse(&form, QEvent::MouseButtonPress, Qt::LeftButton, QPoint(400, 150));
     form.Form_MouseDown(vbMiddleButton, 0, 6000, 2000);
     EXPECT_FALSE(forms.Loaded<TrayStandIn>());
+}
+
+// ---- The controls' own mouse events
+
+namespace {
+
+// A tray form that counts the menus asked of it instead of showing one.
+struct CountingTray : QWidget, TrayForm {
+    QString Caption() const override { return {}; }
+    void SetCaption(const QString&) override {}
+    void PopupMenu() override { ++popups; }
+    int popups = 0;
+};
+
+}  // namespace
+
+TEST_F(Form1Load, ARightPressOnALabelOrAFrameIsTheirsAndPopsUpNoMenu) {
+    forms.Provide<CountingTray>([](Forms&) { return new CountingTray; });
+    forms.ProvideAs<TrayForm, CountingTray>();
+    Form1& form = Form();
+    form.show();
+    form.LeBulletin->setVisible(true);
+    form.TXTbulletin->SetCaption(QStringLiteral("Vent 240 ° 10 Kts"));
+    CountingTray& tray = forms.Get<CountingTray>();
+    const QList<QWidget*> controls{form.TXTbulletin, form.LeBulletin, form.Frame1,   form.Label8[5],
+                                   form.Label8[23],  form.ICO[7],     form.Label5,   form.Label9[3],
+                                   form.Label12,     form.PV,         form.Picture1, form.Frame4};
+    for (QWidget* control : controls) {
+        const QPoint inside(control->width() / 2, control->height() / 2);
+        QTest::mousePress(control, Qt::RightButton, {}, inside);
+        QTest::mouseRelease(control, Qt::RightButton, {}, inside);
+        EXPECT_EQ(tray.popups, 0) << control->objectName().toStdString();
+    }
+    // The bare background of the form still does.
+    QTest::mousePress(&form, Qt::RightButton, {}, QPoint(400, 150));
+    QTest::mouseRelease(&form, Qt::RightButton, {}, QPoint(400, 150));
+    EXPECT_EQ(tray.popups, 1);
+    form.hide();
+}
+
+TEST_F(Form1Load, MovingOverALabelOrAFrameLeavesTheReadoutAlone) {
+    db.AddObservation(Releve(LeBourget, 10, 0));
+    Form1& form = Form();
+    form.show();
+    // Over the background, in the left part of the column of slot 20 (10:00): pixel 398, whose
+    // middle stands at 5977.5 twips, 20.2 columns of 180 right of the axis at 2341.
+    const QPoint colonne(398, 130);
+    QTest::mouseMove(&form, colonne);
+    ASSERT_EQ(form.DerniereColonne, 20);
+    ASSERT_TRUE(form.LeBulletin->isVisibleTo(&form));
+    // The hour labels and pictures stand under other columns of the chart; the bulletin and the
+    // frame of the last observation left of it and above it.
+    // The pointer goes over each with no button down, then drags across it with the left one.
+    for (QWidget* control : QList<QWidget*>{form.Label8[3], form.ICO[12], form.TXTbulletin, form.LeBulletin,
+                                            form.Frame1, form.Label8[23]}) {
+        const QPoint inside(control->width() / 2, control->height() / 2);
+        QTest::mouseMove(control, inside);
+        QTest::mousePress(control, Qt::LeftButton, {}, inside);
+        QTest::mouseMove(control, inside + QPoint(2, 1));
+        QTest::mouseRelease(control, Qt::LeftButton, {}, inside + QPoint(2, 1));
+        EXPECT_EQ(form.DerniereColonne, 20) << control->objectName().toStdString();
+        EXPECT_TRUE(form.LeBulletin->isVisibleTo(&form)) << control->objectName().toStdString();
+    }
+    form.hide();
 }
 
 // ---- The lists
@@ -301,6 +430,21 @@ TEST_F(Form1Load, ADoubleClickRedrawsFirstThenAsksForThePoll) {
     QTest::mouseDClick(form.List1->viewport(), Qt::LeftButton, {}, line);
     EXPECT_EQ(tagAtPoll, QStringLiteral("LFPB 021100Z 24010KT CAVOK 12/08 Q1015"));
     EXPECT_EQ(form.Caption(), QStringLiteral("Connection in progress..."));
+    form.hide();
+}
+
+TEST_F(Form1Load, AClickOnTheAirportAlreadySelectedRedrawsOnItsClickAndItsMouseDown) {
+    db.AddObservation(Releve(LeBourget, 11, 0));
+    Form1& form = FormOnRecording();
+    form.show();
+    ASSERT_EQ(form.List1->ListIndex(), LigneLeBourget);
+    recording.Clear();
+    const QPoint line = form.List1->visualItemRect(form.List1->item(LigneLeBourget)).center();
+    QTest::mouseClick(form.List1->viewport(), Qt::LeftButton, {}, line);
+    // List1_Click draws the chart, and so does List1_MouseDown for the left button.
+    EXPECT_EQ(recording.Count(DrawOp::Cls), 2);
+    EXPECT_EQ(form.List1->ListIndex(), LigneLeBourget);
+    EXPECT_EQ(form.W.State(), sckClosed);
     form.hide();
 }
 

@@ -269,6 +269,17 @@ TEST_F(Tray, MonthlyCurveLoadsTheMonthlyWindowAndShowsItWithoutWaiting) {
     EXPECT_EQ(&forms.Get<StatistiqueMensuelle>(), &stat);
 }
 
+TEST_F(Tray, WithNoActiveAirportTheStartEndsInTheRunTimeBoxBeforeTheIcon) {
+    ASSERT_TRUE(db.Exec(QStringLiteral("UPDATE \"Aéroports\" SET \"activé\" = 0")));
+    // As the program starts: the start form's load, inside the guard of the first event.
+    guard.Handle([&] { StartForm(); });
+    EXPECT_EQ(runTimeEnds, std::vector<int>{InvalidPropertyValue});
+    EXPECT_EQ(boxes.shown, std::vector<QString>{QStringLiteral("Run-time error '380': Invalid property value")});
+    EXPECT_EQ(LogCount(QStringLiteral("Skelda Starting")), 1);
+    EXPECT_FALSE(forms.Loaded<Form1>());
+    EXPECT_FALSE(forms.Loaded<FrmIcone>());
+}
+
 TEST_F(Tray, MonthlyCurveInAYearOutsideItsListEndsInTheRunTimeBox) {
     FrmIcone& tray = StartForm();
     clock.Set(QDateTime(QDate(2006, 1, 3), QTime(9, 0)));
