@@ -8,13 +8,20 @@
 #   ./skelda.sh uninstall
 #                       remove what `install` put under ~/.local; the station folder stays
 #   ./skelda.sh package build the Debian package build/skelda_<version>_<arch>.deb
+#   ./skelda.sh remove-gateway
+#                       take away the gateway that `start` set up under /usr/local (root)
 set -euo pipefail
 cd "$(dirname "$0")"
 
 packages=(g++ cmake ninja-build pkg-config qt6-base-dev libsqlite3-dev libcurl4-openssl-dev
           libgtest-dev libgmock-dev libbenchmark-dev
           desktop-file-utils appstream lintian dpkg-dev file sqlite3
-          xvfb xauth openbox trayer poppler-utils clang libclang-rt-14-dev)
+          xvfb xauth openbox trayer poppler-utils clang libclang-rt-14-dev
+          nginx libnginx-mod-http-js fcgiwrap ca-certificates openssl curl iproute2)
+
+as_root() {
+    if [ "$(id -u)" -eq 0 ]; then "$@"; else sudo "$@"; fi
+}
 
 install_missing() {
     local missing=()
@@ -40,9 +47,11 @@ installed_list=$prefix/lib/skelda/installed-files.txt
 autostart_entry=${XDG_CONFIG_HOME:-$HOME/.config}/autostart/skelda.desktop
 
 install_for_me() {
-    cmake --install build --prefix "$prefix" >/dev/null
+    # The program alone: the gateway is a site of the machine's nginx, for root to set up.
+    cmake --install build --prefix "$prefix" --component Unspecified >/dev/null
     cp build/install_manifest.txt "$installed_list"
     echo "Skelda is installed in $prefix: start it from the application menu, or with $prefix/bin/skelda"
+    echo "Skelda's gateway, through which it sees real weather, needs root: install the Debian package (./skelda.sh package), or run ./skelda.sh start once"
     if [ "${1:-}" = --autostart ]; then
         # The session may not have ~/.local/bin on its PATH: the entry names the launcher in full.
         mkdir -p "$(dirname "$autostart_entry")"
@@ -62,10 +71,46 @@ uninstall_for_me() {
     echo "Skelda is removed from $prefix; your station folder, ${XDG_DATA_HOME:-$HOME/.local/share}/skelda, stays"
 }
 
+# Skelda's gateway, as the Debian package sets it up, but with its files under /usr/local (a home
+# folder is private to its user, and nginx's workers can't read it). A gateway that answers for its
+# news page with this version's is left as it is, whoever set it up.
+gateway=/usr/local/lib/skelda/skelda-gateway
+gateway_address=127.83.75.1
+
+gateway_answers() {
+    { [ -x /usr/lib/skelda/skelda-gateway ] && /usr/lib/skelda/skelda-gateway check; } ||
+        { [ -x "$gateway" ] && "$gateway" check; }
+}
+
+start_gateway() {
+    gateway_answers && return
+    as_root cmake --install build --prefix /usr/local --component gateway >/dev/null
+    as_root "$gateway" enable || true
+    gateway_answers && return
+    if curl -s --noproxy '*' --max-time 3 -o /dev/null "http://$gateway_address/"; then
+        echo "Another web server holds port 80 on every address and answers Skelda's requests with its own pages, which Skelda stores like any reply." >&2
+    else
+        echo "Skelda's gateway isn't running: Skelda starts, and stores no observation." >&2
+    fi
+}
+
+remove_gateway() {
+    if [ ! -f build/install_manifest_gateway.txt ]; then
+        echo "No gateway was set up from this folder" >&2
+        exit 1
+    fi
+    as_root "$gateway" disable
+    as_root xargs -d '\n' rm -f -- <build/install_manifest_gateway.txt
+    as_root rm -f build/install_manifest_gateway.txt
+    as_root rmdir /usr/local/lib/skelda /usr/local/share/skelda/gateway /usr/local/share/skelda 2>/dev/null || true
+    echo "Skelda's gateway is removed; nginx stays"
+}
+
 case "${1:-}" in
 start)
     install_missing
     build build
+    start_gateway
     # Skelda looks for log/ and Images/ under its current directory, and for database.mdb beside itself.
     cd build/bin && exec ./skelda
     ;;
@@ -94,13 +139,16 @@ install)
 uninstall)
     uninstall_for_me
     ;;
+remove-gateway)
+    remove_gateway
+    ;;
 package)
     install_missing
     build build
     (cd build && cpack -G DEB >/dev/null && ls "$PWD"/skelda_*.deb)
     ;;
 *)
-    echo "usage: $0 start|test|install [--autostart]|uninstall|package" >&2
+    echo "usage: $0 start|test|install [--autostart]|uninstall|package|remove-gateway" >&2
     exit 2
     ;;
 esac

@@ -125,7 +125,17 @@ void ListBox::SetSelected(int index, bool selected) {
 }
 
 void ListBox::mousePressEvent(QMouseEvent* event) {
-    QListWidget::mousePressEvent(event);
+    // Only the left button selects: a press of another one leaves the selection where it was,
+    // so that a right click acts on the line selected before it.
+    if (event->button() == Qt::LeftButton) {
+        const int avant = currentRow();
+        QListWidget::mousePressEvent(event);
+        // Every click of a line raises Click, also on the line that is already selected: a new
+        // line has raised it already, through the change of the current row.
+        if (multiSelect_ == vbMultiSelectNone && currentRow() == avant &&
+            itemAt(event->position().toPoint()) != nullptr)
+            emit Click();
+    }
     emit MouseDown(ButtonOf(event->button()), ShiftOf(event->modifiers()), event->position().x() * TwipsPerPixel,
                    event->position().y() * TwipsPerPixel);
 }
@@ -133,8 +143,12 @@ void ListBox::mousePressEvent(QMouseEvent* event) {
 void ListBox::mouseReleaseEvent(QMouseEvent* event) { QListWidget::mouseReleaseEvent(event); }
 
 void ListBox::mouseDoubleClickEvent(QMouseEvent* event) {
+    // A double click of another button than the left selects nothing and raises nothing more
+    // than its first press did.
+    if (event->button() != Qt::LeftButton) return;
+    // Its first press raised Click; the second raises none on the same line, only DblClick.
     QListWidget::mouseDoubleClickEvent(event);
-    if (event->button() == Qt::LeftButton) emit DblClick();
+    emit DblClick();
 }
 
 void ListBox::mouseMoveEvent(QMouseEvent* event) {

@@ -40,9 +40,11 @@ int ToPixels(double twips);  // to the nearest pixel, halves to even
 enum MultiSelectStyle : int { vbMultiSelectNone = 0, vbMultiSelectSimple = 1 };
 
 // A list box: AddItem, Clear, ListIndex (-1 for none), ListCount, ItemData, Text, List(i),
-// Selected, Tag. Setting ListIndex raises Click, as the user's click does; a double click
-// raises DblClick after that Click. A failure of the Click that a setter raised comes out of the
-// setter, as the failure of that statement (see RaiseEvent).
+// Selected, Tag. Setting ListIndex raises Click, as the user's click does: every left click of a
+// line raises one, also on the line already selected, and a move by the keyboard raises one. A
+// double click raises one Click for its first press, then DblClick. Only the left button
+// selects; every button's press raises MouseDown. A failure of the Click that a setter raised
+// comes out of the setter, as the failure of that statement (see RaiseEvent).
 //
 // With MultiSelect vbMultiSelectSimple, a click (or the space bar) toggles the line under it and
 // raises Click; ListIndex is the line that has the focus (the first line until the user moves

@@ -1,8 +1,8 @@
 #include "Promo.h"
 
+#include "Clock.h"
 #include "FormParts.h"
 #include "Forms.h"
-#include "Regional.h"
 #include "RunTime.h"
 
 #include <QCloseEvent>
@@ -42,7 +42,9 @@ Promo::Promo(Forms& forms, QWidget* parent) : QWidget(parent), forms_(forms) {
     Form_Load();
 }
 
-void Promo::Form_Load() { Label2->SetCaption(DateTimeText(forms_.services().clock.Now())); }
+// The present moment in the general format of date values, which leaves out a time of exactly
+// midnight.
+void Promo::Form_Load() { Label2->SetCaption(NowText(forms_.services().clock)); }
 
 // The button's own handler still runs: the form leaves now, its window once the handler is done.
 void Promo::Command1_Click() { forms_.UnloadLater<Promo>(); }

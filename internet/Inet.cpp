@@ -85,8 +85,9 @@ QString Inet::OpenURL(const QString& url) {
     curl_easy_setopt(handle, CURLOPT_MAXREDIRS, 10L);
     curl_easy_setopt(handle, CURLOPT_USERAGENT, "Skelda");
     curl_easy_setopt(handle, CURLOPT_ACCEPT_ENCODING, "");  // whatever compression libcurl can undo
-    // A page on this machine is never fetched through a proxy.
-    curl_easy_setopt(handle, CURLOPT_NOPROXY, "localhost,127.0.0.1,::1");
+    // A page on this machine (Skelda's gateway among them, on 127.83.75.1) is never fetched
+    // through a proxy, whatever the environment names.
+    curl_easy_setopt(handle, CURLOPT_NOPROXY, "localhost,127.0.0.0/8,::1");
     // No signals: a name lookup that hangs is ended by the time-out, not by an alarm.
     curl_easy_setopt(handle, CURLOPT_NOSIGNAL, 1L);
     curl_easy_setopt(handle, CURLOPT_TIMEOUT, long(requestTimeout_ > 0 ? requestTimeout_ : 0));

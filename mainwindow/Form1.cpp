@@ -25,6 +25,7 @@ namespace skelda {
 namespace {
 constexpr int vbFormControlMenu = 0;  // the user closed the window
 constexpr int vbFormCode = 1;         // the program asked it to close
+constexpr int vbAppWindows = 2;       // the session of the desktop is ending
 
 void PaintLine(QPainter& painter, const LineControl& line) {
     if (!line.Visible) return;
@@ -60,15 +61,20 @@ void Form1::WireEvents() {
        [this](int button, int shift, double x, double y) { List1_MouseMove(button, shift, x, y); });
     On(guard(), List1, &ListBox::MouseDown, this,
        [this](int button, int shift, double x, double y) { List1_MouseDown(button, shift, x, y); });
+    // Every control has mouse events of its own, whether or not it handles them: only the bare
+    // background of the form pops up the tray's menu and moves the readout. Without this, Qt
+    // would pass on to the form what a label, a picture or a frame leaves alone.
+    for (QWidget* control : findChildren<QWidget*>(Qt::FindDirectChildrenOnly))
+        control->setAttribute(Qt::WA_NoMousePropagation);
     for (int i = 0; i < int(FKNT.size()); ++i) {
-        // A slot label's mouse move is its own event, as on any control, and isn't the form's too.
+        // A slot label's mouse move is its own event, and reaches its handler.
         FKNT[i]->setMouseTracking(true);
-        FKNT[i]->setAttribute(Qt::WA_NoMousePropagation);
         On(guard(), FKNT[i], &Label::MouseMove, this,
            [this, i](int button, int shift, double x, double y) { FKNT_MouseMove(i, button, shift, x, y); });
     }
     // The readout follows the pointer without a button pressed.
     setMouseTracking(true);
+    OnSessionEnd(this, [this](SessionEnd& fin) { guard().Handle([&] { FinDeSession(fin); }); });
 }
 
 void Form1::Form_Load() {
@@ -87,14 +93,14 @@ void Form1::Form_Load() {
     Line1015.Y2 = Line1015.Y1;
     update();
     // 5. Filling the list raises its Click, which draws nothing yet (ChargementFini is false).
+    //    With no active airport the list refuses its line 0 (380), and the start ends there.
     ListeAdapter<ListBox> liste(*List1);
     ChargerAeroports(liste, forms_.module1().TableIDA, DatabasePath());
     // 6. and 7. The newest date.
     RemplirDates();
     ChoixDate->SetListIndex(ChoixDate->Tag.toInt());
-    // 8. The preferred airport. Through the same adapter as the filling, so that an empty list
-    //    (no active airport) selects nothing instead of stopping the start.
-    liste.SetListIndex(List1->Tag.toInt());
+    // 8. The preferred airport.
+    List1->SetListIndex(List1->Tag.toInt());
     // 9. and 10.
     ChargementFini = -1;
     TracerCourbe();
@@ -140,6 +146,14 @@ void Form1::Form_QueryUnload(int& Cancel, int /*UnloadMode*/) {
     Cancel = 1;
     hide();
     Tag = QStringLiteral("MASQUE");
+}
+
+void Form1::FinDeSession(SessionEnd& Fin) {
+    int Cancel = 0;
+    Form_QueryUnload(Cancel, vbAppWindows);
+    // Only a program that may still interact with the user can refuse: a forced logout ends it
+    // all the same, without "Skelda Terminated".
+    if (Cancel != 0 && Fin.AllowsInteraction()) Fin.Cancel();
 }
 
 void Form1::closeEvent(QCloseEvent* event) {

@@ -13,6 +13,7 @@
 #include "Inet.h"
 #include "Module1.h"
 #include "PollingForm.h"
+#include "SessionEnd.h"
 #include "SurfaceWidget.h"
 #include "Winsock.h"
 
@@ -123,6 +124,10 @@ public:
     void Form_MouseDown(int Button, int Shift, double X, double Y);
     // Cancel comes back 1 whatever UnloadMode says: the window only hides.
     void Form_QueryUnload(int& Cancel, int UnloadMode);
+    // The end of the desktop session asks the form to close, as a shutdown of the system does
+    // (UnloadMode 2): the window hides, and the end is refused wherever the session manager
+    // lets the program refuse it (Fin allows interaction). A forced end can't be refused.
+    void FinDeSession(SessionEnd& Fin);
     void ChoixDate_Click();
     void List1_Click();
     void List1_MouseMove(int Button, int Shift, double X, double Y);

@@ -21,6 +21,12 @@ public:
     QDateTime Now() const override { return QDateTime::currentDateTime(); }
 };
 
+// The present moment of Clock as the program's one default conversion of a date value writes it:
+// 02/11/2004 15:07:09, or the date alone at exactly midnight, 02/11/2004. The system's clock
+// counts whole seconds, so a fraction is dropped first: 00:00:00.4 is midnight too. The log's
+// stamp and the news window's date are written so.
+QString NowText(const Clock& clock);
+
 // A clock that stands still until it is told otherwise.
 class FixedClock : public Clock {
 public:

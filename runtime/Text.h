@@ -10,19 +10,28 @@
 #include <QStringList>
 #include <QStringView>
 
+#include <algorithm>
+
 namespace skelda {
 
 // Throws the RuntimeError of a start below 1 or a negative length.
 [[noreturn]] void ThrowInvalidProcedureCall();
 
-// Characters from Start (counted from 1), Length of them or all the rest. Defined here so that
-// the decoder's many fixed-position reads compile to a few instructions each.
-inline QStringView Mid(QStringView text, qsizetype start, qsizetype length = -1) {
-    if (start < 1 || length < -1) ThrowInvalidProcedureCall();
+// All the characters from Start (counted from 1). Defined here so that the decoder's many
+// fixed-position reads compile to a few instructions each.
+inline QStringView Mid(QStringView text, qsizetype start) {
+    if (start < 1) ThrowInvalidProcedureCall();
     if (start > text.size()) return {};
-    const qsizetype available = text.size() - (start - 1);
-    if (length == -1 || length > available) length = available;
-    return text.sliced(start - 1, length);
+    return text.sliced(start - 1);
+}
+
+// Length characters from Start, or as many as there are. Any negative length fails, -1 too: a
+// length that a procedure computed is never taken for "the rest of the text", which only the
+// call without a length means.
+inline QStringView Mid(QStringView text, qsizetype start, qsizetype length) {
+    if (start < 1 || length < 0) ThrowInvalidProcedureCall();
+    if (start > text.size()) return {};
+    return text.sliced(start - 1, std::min(length, text.size() - (start - 1)));
 }
 QStringView Left(QStringView text, qsizetype length);
 QStringView Right(QStringView text, qsizetype length);

@@ -5,6 +5,7 @@
 #include "Airports.h"
 #include "Artwork.h"
 #include "Convert.h"
+#include "Failure.h"
 #include "Forms.h"
 #include "PrinterSurface.h"
 #include "RunTime.h"
@@ -24,6 +25,10 @@ namespace {
 
 constexpr double FormWidth = 10635;  // client area, twips
 constexpr double FormHeight = 5790;
+// The top of Picture1 as designed, in twips. The picture box keeps its place in whole pixels and
+// would read back 210, which puts every label of the wind scale 6 twips low: the scale is
+// computed from this value.
+constexpr double Picture1Top = 204;
 
 constexpr Color Red = RGB(255, 0, 0);
 constexpr Color Navy = RGB(0, 0, 128);
@@ -170,7 +175,7 @@ void StatistiqueMensuelle::BuildControls() {
     // ---- The plot, with its controls; positions relative to it.
     Picture1 = new PlotPicture(Client);
     Picture1->setObjectName(QStringLiteral("Picture1"));
-    Place(Picture1, 2640, 204, 7455, 5535);
+    Place(Picture1, 2640, Picture1Top, 7455, 5535);
     Picture1->SetPicture(QImage(QStringLiteral(":/statistics/plot.png")));
     Lverticale = NewLine(0, 5000, 0, 0, Red);
     Lhorizontale = NewLine(0, 5000, 7440, 5000, Red);
@@ -246,16 +251,22 @@ void StatistiqueMensuelle::Form_Load() {
     ChargerAeroports(liste, forms_.module1().TableIDA, DatabasePath());
     const QDate today = forms_.services().clock.Now().date();
     Mois->SetListIndex(today.month() - 1);
-    Annee->SetListIndex(today.year() - 2003);
-    // 6. The wind scale, one label every 5 knots beside the plot, from the plot's own lines.
+    // A year before 2003 is outside the list as well. 2002 would give -1, which a list takes for
+    // "no line selected", and the first click would then never return (AfficherMois loops on a
+    // query that can't open): it is refused as every other year outside the list is.
+    const int annee = today.year() - 2003;
+    if (annee < 0) throw RuntimeError(InvalidPropertyValue);
+    Annee->SetListIndex(annee);
+    // 6. The wind scale, one label every 5 knots beside the plot, from the plot's own lines and
+    //    its design top: 5106.5 - 100 i, to the even whole number, 4606 down to 106.
     for (int i = 1; i <= 50; ++i) {
         if (i % 5 != 0) continue;
         Label* label = ScaleLabel(Client, Indexed("TxtTemp", i), QString(), LeftOf(TxtTemp[0]), TopOf(TxtTemp[0]), Navy,
                                   Qt::AlignRight);
         label->setAttribute(Qt::WA_NoMousePropagation);
         TxtTemp[i] = label;
-        SetTop(label, CInt(TopOf(Picture1) + Lverticale.Y1 - ((Lverticale.Y1 - Lverticale.Y2) * i) / 50 -
-                           HeightOf(label) / 2));
+        SetTop(label,
+               CInt(Picture1Top + Lverticale.Y1 - ((Lverticale.Y1 - Lverticale.Y2) * i) / 50 - HeightOf(label) / 2));
         label->SetCaption(QString::number(i) + QStringLiteral(" nds"));
         label->setVisible(true);
     }

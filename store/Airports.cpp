@@ -63,7 +63,7 @@ void ChargerAeroports(ListeControle& Liste, TableIDAType& TableIDA, const QStrin
     base.Close();
 
     // 5. Selects the preferred airport, or the first line. On an empty list this asks for line 0
-    // all the same; ListeAdapter lets that pass without selecting anything.
+    // all the same, with no special treatment, and the list refuses it.
     Liste.SetListIndex(CInt(Liste.Tag()));
 }
 

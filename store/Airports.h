@@ -37,14 +37,8 @@ public:
     void SetTag(const QString& tag) override { list_.Tag = tag; }
     void AddItem(const QString& text) override { list_.AddItem(text); }
     void SetItemData(int index, int32_t data) override { list_.SetItemData(index, data); }
-    // The list filling asks for line 0 even when no active airport gave it any line. The
-    // controls refuse a line that doesn't exist (380), which would stop the program on a table
-    // with no active airport; an empty list has nothing to select and nothing to redraw, so that
-    // one request is let pass: nothing is selected and no Click is raised.
-    void SetListIndex(int index) override {
-        if (index == 0 && list_.ListCount() == 0) return;
-        list_.SetListIndex(index);
-    }
+    // Line 0 of an empty list is refused (380) like any line that doesn't exist.
+    void SetListIndex(int index) override { list_.SetListIndex(index); }
 
 private:
     L& list_;
@@ -58,9 +52,11 @@ int32_t TrouverAeroport(const QString& Code, const QString& databasePath);
 // Fills Liste with the active airports, by city: a mark (" * " with a forecast code, three blanks
 // without), the city, " - ", the airport's name; each line's ItemData is the airport's idx, and
 // TableIDA at the line's index gets its code. The list's Tag ends on the line of the preferred
-// airport (or 0), and ListIndex is set to it, which raises the list's Click; with no active
-// airport the list stays empty and nothing is selected. A 102nd active airport is a "Subscript
-// out of range" (9), raised once its line is in the list; database failures reach the caller.
+// airport (or 0), and ListIndex is set to it, which raises the list's Click. With no active
+// airport the list stays empty, and selecting its line 0 all the same fails with "Invalid
+// property value" (380): no active airport stops whoever fills a list, the start of the program
+// first. A 102nd active airport is a "Subscript out of range" (9), raised once its line is in the
+// list; database failures reach the caller.
 void ChargerAeroports(ListeControle& Liste, TableIDAType& TableIDA, const QString& databasePath);
 
 }  // namespace skelda

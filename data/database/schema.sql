@@ -106,8 +106,9 @@ CREATE INDEX IF NOT EXISTS "Mois" ON "Zefir" (
 -- that peak, and the day's mean, highest and lowest temperature and pressure. A variable wind is
 -- stored with its speed negated, so the wind figures take the speed as a magnitude: 5 knots
 -- variable count as 5 knots in the mean and can be the peak. The peak is the first observation of
--- the day at the day's highest speed. Typed rows belong to no airport and are left out. Days come
--- in ascending order.
+-- the day at the day's highest speed. A variable wind has no direction, nor has a wind whose
+-- direction is blank: such a peak gives a Null "Orientation", never 0 (North). Typed rows belong
+-- to no airport and are left out. Days come in ascending order.
 DROP VIEW IF EXISTS "Heure de pointe selon zefir";
 CREATE VIEW "Heure de pointe selon zefir" AS
 SELECT jour."NumAéroport"  AS "numaéroport",
@@ -117,7 +118,8 @@ SELECT jour."NumAéroport"  AS "numaéroport",
        jour."zefirmoyen"   AS "zefirmoyen",
        abs(pointe."forcenoeuds") AS "zefirmaxi",
        pointe."heurerelevé" AS "heuredepointe",
-       CAST(pointe."orientationdegré" AS INTEGER) AS "Orientation",
+       CASE WHEN pointe."zefirvariable" OR trim(pointe."orientationdegré") = '' THEN NULL
+            ELSE CAST(pointe."orientationdegré" AS INTEGER) END AS "Orientation",
        jour."tempmoyen"    AS "tempmoyen",
        jour."tempmaxi"     AS "tempmaxi",
        jour."tempmini"     AS "tempmini",
@@ -147,5 +149,6 @@ ORDER BY jour."NumAéroport", jour."daterelevé";
 
 -- The layout's version, so that a file made under an older one can be brought up to this one
 -- without losing a row. 2: Null in the observation's key counts as a value, the wind of the day is
--- taken as a magnitude, and the days are kept in a table of their own.
-PRAGMA user_version = 2;
+-- taken as a magnitude, and the days are kept in a table of their own. 3: a variable peak has no
+-- direction.
+PRAGMA user_version = 3;

@@ -120,6 +120,26 @@ private:
     int disconnections_ = 0;
 };
 
+// A round trip of the test's own: a connection to a small echo server of this process, one line
+// out and back. Each of its steps takes a turn of the event loop, and in each turn every socket
+// of the process that has something to read or to write is served. So when the line is back,
+// whatever was already on its way between two sockets of this process has arrived and has been
+// handled. A test that must show that nothing came waits for this later event, then looks.
+inline bool RoundTrip() {
+    QTcpServer echo;
+    if (!echo.listen(QHostAddress::LocalHost, 0)) return false;
+    QObject::connect(&echo, &QTcpServer::newConnection, &echo, [&echo] {
+        while (QTcpSocket* socket = echo.nextPendingConnection())
+            QObject::connect(socket, &QTcpSocket::readyRead, socket, [socket] { socket->write(socket->readAll()); });
+    });
+    QTcpSocket probe;
+    QByteArray back;
+    QObject::connect(&probe, &QTcpSocket::connected, &probe, [&probe] { probe.write("ping\n"); });
+    QObject::connect(&probe, &QTcpSocket::readyRead, &probe, [&] { back += probe.readAll(); });
+    probe.connectToHost(QHostAddress::LocalHost, echo.serverPort());
+    return QTest::qWaitFor([&] { return back == "ping\n"; }, 5000);
+}
+
 // The request the program must send for a station code, byte for byte.
 inline QByteArray ExpectedRequest(const QByteArray& code) {
     return "GET http://127.0.0.1/pub/data/observations/metar/stations/" + code +

@@ -2,6 +2,8 @@
 // driven tick by tick through the timer itself.
 #include "AcquisitionFixture.h"
 
+#include <QTimer>
+
 using namespace skelda;
 using namespace skelda::test;
 
@@ -81,7 +83,7 @@ TEST_F(Scheduler, CountdownShows9OnTheFirstTickAnd0OnTheTenthAndPollsOnTheEleven
     Tick(f, 9);
     EXPECT_EQ(f.Caption(), entree + QStringLiteral(" - 0 secondes..."));
     EXPECT_EQ(f.SecondesAttente, 10);
-    QCoreApplication::processEvents();
+    ASSERT_TRUE(RoundTrip());  // a connection begun by now would have been accepted
     EXPECT_EQ(server.Connections(), 0);
 
     Tick(f);
@@ -102,12 +104,33 @@ TEST_F(Scheduler, TheCountdownFollowsTheSelectedEntryButNotItsIndex) {
 
 TEST_F(Scheduler, CountersKeepTheirValuesWhileTIsStopped) {
     Form1& f = Form();
-    Tick(f, 4);
-    f.T.SetEnabled(false);
-    QTest::qWait(20);
+    // T runs by itself, at a short interval that stands for its second, and its fourth and fifth
+    // ticks stop it, as the program stops it from an event.
+    QSignalSpy ticks(&f.T, &Timer::Tick);
+    QObject::connect(&f.T, &Timer::Tick, &f, [&] {
+        if (ticks.count() == 4 || ticks.count() == 5) f.T.SetEnabled(false);
+    });
+    f.T.SetInterval(10);
+    f.T.SetEnabled(true);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return ticks.count() >= 4; }, 5000));
+    EXPECT_FALSE(f.T.Enabled());
+    // A timer of ten such intervals, started now: had T gone on, it would have ticked first.
+    QTimer plusTard;
+    plusTard.setSingleShot(true);
+    QSignalSpy fini(&plusTard, &QTimer::timeout);
+    plusTard.start(100);
+    ASSERT_TRUE(fini.wait(5000));
+    EXPECT_EQ(ticks.count(), 4);
     EXPECT_EQ(f.SecondesAttente, 4);
-    Tick(f);
-    EXPECT_EQ(f.Caption(), f.List1->Text() + QStringLiteral(" - 5 secondes..."));
+    EXPECT_EQ(f.SecondesHeure, 4);
+    EXPECT_EQ(f.Caption(), QStringLiteral("   Paris - Le Bourget - 6 secondes..."));
+
+    // Started again, the countdown goes on from where it stood.
+    f.T.SetEnabled(true);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return ticks.count() >= 5; }, 5000));
+    EXPECT_EQ(f.SecondesAttente, 5);
+    EXPECT_EQ(f.SecondesHeure, 5);
+    EXPECT_EQ(f.Caption(), QStringLiteral("   Paris - Le Bourget - 5 secondes..."));
 }
 
 // ---- The round of the airports
@@ -164,14 +187,15 @@ TEST_F(Scheduler, AListOfOneEntryPollsItEveryTime) {
 }
 
 TEST_F(Scheduler, AnEmptyListSkipsThePollAndCountsAgain) {
-    ASSERT_TRUE(db.Exec(QStringLiteral("UPDATE \"Aéroports\" SET \"activé\" = 0")));
+    // The start itself fails without an active airport, so the list is emptied after it.
     Form1& f = Form();
+    f.List1->Clear();
     ASSERT_EQ(f.List1->ListCount(), 0);
     EXPECT_NO_THROW(Tick(f, 11));
     EXPECT_EQ(f.SecondesAttente, 0);
     Tick(f);
     EXPECT_EQ(f.Caption(), QStringLiteral(" - 9 secondes..."));
-    QCoreApplication::processEvents();
+    ASSERT_TRUE(RoundTrip());  // a connection begun by now would have been accepted
     EXPECT_EQ(server.Connections(), 0);
 }
 

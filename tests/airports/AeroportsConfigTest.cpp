@@ -147,18 +147,33 @@ TEST_F(Selection, DeselectingEveryLineWithNoPreferredAirportShowsTheSecondMessag
     EXPECT_TRUE(form.Command1->isEnabled());
 }
 
-TEST_F(Selection, WithATagOfZeroThePreferredTestNeverFires) {
-    db.Exec(QStringLiteral("UPDATE \"Aéroports\" SET \"préféré\" = 0, \"activé\" = 0 WHERE idx <> 2"));
+TEST_F(Selection, WithATagOfZeroThePreferredTestFiresOnlyForARowNumberedZero) {
+    // The database numbers its rows from 1, so a Tag of 0 matches no line, and "no preferred
+    // airport" needs no case of its own. A row given the number 0 by hand, Aix, shows that the
+    // Tag is compared like any other number: its line alone can fire the test.
+    db.Exec(QStringLiteral("UPDATE \"Aéroports\" SET \"préféré\" = 0"));
+    db.Exec(
+        QStringLiteral("INSERT INTO \"Aéroports\" (idx, IDA, \"aéroport\", ville, timezone, \"activé\", \"préféré\") "
+                       "VALUES (0, 'LFMA', 'Les Milles', 'Aix', '1', 1, 0)"));
     AeroportsConfig& form = OpenSelection();
     ASSERT_EQ(form.PREF->Tag, QStringLiteral("0"));
-    // Lines selected and unselected in every order: never the first message, since no idx is 0.
-    ClickLine(form.List1, LineBourget);
-    ClickLine(form.List1, LineHeathrow);
-    ClickLine(form.List1, LineRoissy);
-    ClickLine(form.List1, LineBourget);
+    ASSERT_EQ(form.List1->List(0), QStringLiteral("Aix - Les Milles"));
+    ASSERT_EQ(form.List1->ItemData(0), 0);
+    EXPECT_EQ(form.NBS->Caption(), QStringLiteral("4 Selected Airports"));
+    // Aix stands first, the others one line lower. Their lines unselected and selected again:
+    // never the first message.
+    ClickLine(form.List1, 1 + LineBourget);
+    ClickLine(form.List1, 1 + LineHeathrow);
+    ClickLine(form.List1, 1 + LineRoissy);
+    ClickLine(form.List1, 1 + LineBourget);
     EXPECT_EQ(Shown(PreferredMessage), 0);
-    EXPECT_EQ(form.NBS->Caption(), QStringLiteral("1 Selected Airports"));
+    EXPECT_EQ(form.NBS->Caption(), QStringLiteral("2 Selected Airports"));
     EXPECT_TRUE(form.Command1->isEnabled());
+    // Aix unselected: its idx equals the Tag.
+    ClickLine(form.List1, 0);
+    EXPECT_EQ(Shown(PreferredMessage), 1);
+    EXPECT_EQ(form.NBS->Caption(), QStringLiteral("-1 Selected Airports"));
+    EXPECT_FALSE(form.Command1->isEnabled());
 }
 
 // ---- The double click

@@ -101,6 +101,8 @@ TEST_F(AddAirport, TheLoadLooksUpTheSelectionFormsFirstLineWhileThatFormIsStillL
 }
 
 TEST_F(AddAirport, WithAnEmptyTableTheLookUpOfTheFirstLineEndsTheProgram) {
+    // Emptied once the program has started, which it can't do without an active airport.
+    StartForm();
     db.Exec(QStringLiteral("DELETE FROM \"Aéroports\""));
     AeroportsConfig& selection = OpenSelection();
     QTest::mouseClick(selection.ajouterbtn, Qt::LeftButton);
@@ -219,7 +221,10 @@ TEST_F(AddAirport, AfterCancelTheNextOpeningShowsTheOldTextsAndTheOldCount) {
     EXPECT_FALSE(form.isVisible());
     ASSERT_TRUE(forms.Loaded<ajoutareoports>());
     EXPECT_EQ(Airports(), 3);
-    const QString count = form.compteareoport->Caption();
+    ASSERT_EQ(form.compteareoport->Caption(), QStringLiteral("1"));
+    // A load now would count no row at all and then fail on the selection form's empty list: the
+    // next opening shows the first load's count, and nothing fails, because no load runs.
+    db.Exec(QStringLiteral("DELETE FROM \"Aéroports\""));
     ajoutareoports& again = OpenAddForm();
     EXPECT_EQ(&again, &form);
     EXPECT_TRUE(again.isVisible());
@@ -227,7 +232,8 @@ TEST_F(AddAirport, AfterCancelTheNextOpeningShowsTheOldTextsAndTheOldCount) {
     EXPECT_EQ(again.nomareoport->text(), QStringLiteral("Francazal"));
     EXPECT_EQ(again.villeareoport->text(), QStringLiteral("Toulouse"));
     EXPECT_EQ(again.fuseauhorraire->text(), QStringLiteral("1"));
-    EXPECT_EQ(again.compteareoport->Caption(), count);
+    EXPECT_EQ(again.compteareoport->Caption(), QStringLiteral("1"));
+    EXPECT_TRUE(runTimeEnds.empty());
 }
 
 TEST_F(AddAirport, AddAndDeleteDoNothing) {

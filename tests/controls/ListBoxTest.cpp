@@ -12,6 +12,10 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <ostream>
+
+// Texts print as text when an expectation fails.
+inline void PrintTo(const QString& text, std::ostream* os) { *os << '"' << text.toStdString() << '"'; }
 
 using namespace skelda;
 
@@ -134,6 +138,107 @@ TEST(ListBoxMultiSelect, APlainListKeepsOneSelectedLine) {
     EXPECT_FALSE(list.Selected(0));
     EXPECT_TRUE(list.Selected(1));
     EXPECT_EQ(list.ListIndex(), 1);
+}
+
+}  // namespace
+
+namespace {
+
+// A plain list of three lines on the screen, clicked with the real mouse at a line's rectangle.
+class PlainList : public ::testing::Test {
+protected:
+    void SetUp() override {
+        EnsureGuiApplication();
+        list = std::make_unique<ListBox>();
+        for (const char* line : {"Lille", "Lyon", "Nice"}) list->AddItem(QString::fromLatin1(line));
+        list->resize(200, 120);
+        list->show();
+        QObject::connect(list.get(), &ListBox::Click, [this] { events.append(QStringLiteral("Click")); });
+        QObject::connect(list.get(), &ListBox::DblClick, [this] { events.append(QStringLiteral("DblClick")); });
+        QObject::connect(list.get(), &ListBox::MouseDown, [this](int button, int, double, double) {
+            events.append(QStringLiteral("MouseDown %1").arg(button));
+        });
+    }
+
+    QPoint LineCentre(int line) const { return list->visualItemRect(list->item(line)).center(); }
+
+    // A double click as the platform delivers it: a press and a release, then the second press
+    // as a double click, and its release.
+    void DoubleClick(Qt::MouseButton button, QPoint at) {
+        QTest::mouseClick(list->viewport(), button, {}, at);
+        QTest::mouseDClick(list->viewport(), button, {}, at);
+        QTest::mouseRelease(list->viewport(), button, {}, at);
+    }
+
+    std::unique_ptr<ListBox> list;
+    QStringList events;
+};
+
+TEST_F(PlainList, EveryClickOfALineRaisesClickAlsoOnTheLineAlreadySelected) {
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, LineCentre(1));
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, LineCentre(1));
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, LineCentre(1));
+    EXPECT_EQ(events, QStringList({"Click", "MouseDown 1", "Click", "MouseDown 1", "Click", "MouseDown 1"}));
+    EXPECT_EQ(list->ListIndex(), 1);
+    EXPECT_TRUE(list->Selected(1));
+}
+
+TEST_F(PlainList, AClickOnTheLineSelectedByCodeRaisesClick) {
+    list->SetListIndex(2);
+    events.clear();
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, LineCentre(2));
+    EXPECT_EQ(events, QStringList({"Click", "MouseDown 1"}));
+}
+
+TEST_F(PlainList, AClickBelowTheLastLineRaisesNoClick) {
+    list->SetListIndex(0);
+    events.clear();
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, QPoint(20, list->viewport()->height() - 3));
+    EXPECT_EQ(events, QStringList({"MouseDown 1"}));
+}
+
+TEST_F(PlainList, ADoubleClickOnTheSelectedLineRaisesOneClickThenDblClick) {
+    list->SetListIndex(1);
+    events.clear();
+    DoubleClick(Qt::LeftButton, LineCentre(1));
+    EXPECT_EQ(events, QStringList({"Click", "MouseDown 1", "DblClick"}));
+}
+
+TEST_F(PlainList, ADoubleClickOnAnotherLineRaisesOneClickThenDblClick) {
+    list->SetListIndex(0);
+    events.clear();
+    DoubleClick(Qt::LeftButton, LineCentre(2));
+    EXPECT_EQ(events, QStringList({"Click", "MouseDown 1", "DblClick"}));
+    EXPECT_EQ(list->ListIndex(), 2);
+}
+
+TEST_F(PlainList, AMoveByTheKeyboardRaisesClick) {
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, LineCentre(0));
+    events.clear();
+    QTest::keyClick(list.get(), Qt::Key_Down);
+    EXPECT_EQ(events, QStringList({"Click"}));
+    EXPECT_EQ(list->ListIndex(), 1);
+}
+
+TEST_F(PlainList, ARightPressSelectsNothingAndRaisesOnlyMouseDown) {
+    list->SetListIndex(0);
+    events.clear();
+    QTest::mouseClick(list->viewport(), Qt::RightButton, {}, LineCentre(2));
+    EXPECT_EQ(events, QStringList({"MouseDown 2"}));
+    // A double click of the right button: its second press raises nothing either.
+    DoubleClick(Qt::RightButton, LineCentre(2));
+    EXPECT_EQ(events, QStringList({"MouseDown 2", "MouseDown 2"}));
+    EXPECT_EQ(list->ListIndex(), 0);
+    EXPECT_TRUE(list->Selected(0));
+    EXPECT_FALSE(list->Selected(2));
+}
+
+TEST_F(PlainList, AMiddlePressSelectsNothing) {
+    list->SetListIndex(0);
+    events.clear();
+    QTest::mouseClick(list->viewport(), Qt::MiddleButton, {}, LineCentre(1));
+    EXPECT_EQ(events, QStringList({"MouseDown 4"}));
+    EXPECT_EQ(list->ListIndex(), 0);
 }
 
 }  // namespace

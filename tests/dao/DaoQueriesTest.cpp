@@ -281,6 +281,43 @@ TEST_F(DaoQueriesTest, AVariableWindAsStrongAsASteadyOneIsThePeakWhenItCameFirst
     EXPECT_EQ(rs.Fields(u"heuredepointe"_s), Variant::FromTime(QTime(9, 0)));
 }
 
+TEST_F(DaoQueriesTest, ADayWhosePeakIsAVariableWindHasNoDirection) {
+    db.AddObservation(At(1, day, QTime(10, 0), 6, 10, 1013, u"250"_s));
+    TestObservation variable = At(1, day, QTime(11, 0), -8, 10, 1013, u""_s);
+    variable.variable = true;
+    db.AddObservation(variable);
+    Recordset rs = base.OpenRecordset(MonthQuery(1, 11, 2004), dbOpenSnapshot);
+    ASSERT_FALSE(rs.Eof());
+    EXPECT_EQ(rs.Fields(u"zefirmaxi"_s).ToInt16(), 8);
+    EXPECT_TRUE(rs.Fields(u"Orientation"_s).IsNull());
+}
+
+TEST_F(DaoQueriesTest, APeakWithABlankDirectionHasNoDirectionEither) {
+    db.AddObservation(At(1, day, QTime(10, 0), 12, 10, 1013, u""_s));
+    Recordset rs = base.OpenRecordset(MonthQuery(1, 11, 2004), dbOpenSnapshot);
+    ASSERT_FALSE(rs.Eof());
+    EXPECT_TRUE(rs.Fields(u"Orientation"_s).IsNull());
+}
+
+TEST_F(DaoQueriesTest, ASteadyPeakKeepsItsDirectionBesideVariableWinds) {
+    TestObservation variable = At(1, day, QTime(9, 0), -4, 10, 1013, u""_s);
+    variable.variable = true;
+    db.AddObservation(variable);
+    db.AddObservation(At(1, day, QTime(10, 0), 11, 10, 1013, u"090"_s));
+    db.AddObservation(At(1, day, QTime(11, 0), 3, 10, 1013, u"000"_s));
+    Recordset rs = base.OpenRecordset(MonthQuery(1, 11, 2004), dbOpenSnapshot);
+    ASSERT_FALSE(rs.Eof());
+    EXPECT_EQ(rs.Fields(u"Orientation"_s).ToInt16(), 90);
+    rs.Close();
+    // North is a direction like any other.
+    db.AddObservation(At(1, day.addDays(1), QTime(10, 0), 11, 10, 1013, u"000"_s));
+    Recordset next = base.OpenRecordset(MonthQuery(1, 11, 2004), dbOpenSnapshot);
+    next.MoveNext();
+    ASSERT_FALSE(next.Eof());
+    EXPECT_FALSE(next.Fields(u"Orientation"_s).IsNull());
+    EXPECT_EQ(next.Fields(u"Orientation"_s).ToInt16(), 0);
+}
+
 // The lists of airports sort their cities as a reader of French expects: an accented capital
 // with its letter, not after Z.
 TEST_F(DaoQueriesTest, CitiesSortAsAReaderOfFrenchExpects) {

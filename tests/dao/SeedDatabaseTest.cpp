@@ -200,7 +200,7 @@ int AddUnresolvedRow(const QString& path) {
 
 }  // namespace
 
-TEST(UpgradeDatabase, TheSchemaSaysItsVersion) { EXPECT_EQ(SchemaVersion(DatabaseSchema()), 2); }
+TEST(UpgradeDatabase, TheSchemaSaysItsVersion) { EXPECT_EQ(SchemaVersion(DatabaseSchema()), 3); }
 
 TEST(UpgradeDatabase, AnEarlierFileGetsTheNewIndexAndSavedQueryAndKeepsItsRows) {
     QTemporaryDir dir;
@@ -255,6 +255,38 @@ TEST(UpgradeDatabase, TheCallerHearsOfAnUpgradeOnceBeforeTheFileChangesAndOnlyTh
     EXPECT_EQ(UpgradeDatabase(path, DatabaseSchema(), nullptr, listen), Upgrade::UpToDate);
     EXPECT_EQ(UpgradeDatabase(dir.filePath(u"none.mdb"_s), DatabaseSchema(), nullptr, listen), Upgrade::Failed);
     EXPECT_EQ(heard, 1);
+}
+
+TEST(UpgradeDatabase, AFileOfTheSecondLayoutGetsTheSavedQueryWhereAVariablePeakHasNoDirection) {
+    // A file of layout 2, whose saved query took a variable peak's blank direction for 0.
+    const QString layout2 = DatabaseSchema() +
+                            uR"(
+DROP VIEW "Heure de pointe selon zefir";
+CREATE VIEW "Heure de pointe selon zefir" AS SELECT "NumAéroport" AS "numaéroport", 11 AS "mois", 2004 AS "annee",
+    abs("forcenoeuds") AS "zefirmaxi", CAST("orientationdegré" AS INTEGER) AS "Orientation" FROM "Zefir";
+INSERT INTO "Zefir" ("NumAéroport", "daterelevé", "heurerelevé", "forcenoeuds", "orientationdegré", "zefirvariable")
+    VALUES (1, '2004-11-02', '10:00:00', -8, '', 1);
+PRAGMA user_version = 2;
+)"_s;
+    QTemporaryDir dir;
+    const QString path = dir.filePath(u"database.mdb"_s);
+    QString error;
+    ASSERT_TRUE(CreateDatabase(path, layout2, QList<SeedAirport>{}, &error)) << error.toStdString();
+    const QString month =
+        u"select [Heure de pointe selon zefir].* from [Heure de pointe selon zefir] where numaéroport = 1 and mois = 11 and annee=2004"_s;
+    {
+        Database base = OpenDatabase(path);
+        Recordset day = base.OpenRecordset(month, dbOpenSnapshot);
+        ASSERT_FALSE(day.Eof());
+        ASSERT_EQ(day.Fields(u"Orientation"_s), Variant(int32_t(0)));
+    }
+    EXPECT_EQ(UpgradeDatabase(path, DatabaseSchema(), &error), Upgrade::Upgraded) << error.toStdString();
+    Database base = OpenDatabase(path);
+    Recordset day = base.OpenRecordset(month, dbOpenSnapshot);
+    ASSERT_FALSE(day.Eof());
+    EXPECT_EQ(day.Fields(u"zefirmaxi"_s).ToInt16(), 8);
+    EXPECT_TRUE(day.Fields(u"Orientation"_s).IsNull());
+    EXPECT_EQ(Count(path, u"select count(*) as n from zefir"_s), 1);
 }
 
 TEST(UpgradeDatabase, AFreshFileIsUpToDateAndAMissingOneIsNotCreated) {

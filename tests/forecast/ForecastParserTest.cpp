@@ -105,13 +105,17 @@ TEST(ForecastParser, SevenBlocksShowSixAndReadTheSeventhOverAgain) {
     EXPECT_EQ(e.ordre, (QList<int>{0, 1, 2, 3, 4, 5}));
     EXPECT_EQ(e.textes.value(5), QStringLiteral(" Rain. Low 41F(5)c."));
 
-    // Behind a seventh block with a tag in the rest, the same text comes back before each tag
-    // and ends as an eighth block, still not shown.
-    Blocs huit = blocs;
-    huit.append({QStringLiteral("Saturday:"), QStringLiteral(" Sun")});
-    Enregistrement f;
-    ASSERT_TRUE(LirePrevision(PageDe(huit), f, ArretApres(1000, passes)));
-    EXPECT_EQ(f.ordre.size(), 6);
+    // Behind a seventh block " ab", the same text comes back before each tag of the rest, and
+    // the eighth block's text "F." is read as " abF.": the F stands fourth, "ab" before it is
+    // taken for a number, and that is the type failure. Read on its own, "F." would convert
+    // nothing, as the seventh text alone would.
+    Blocs huit = SixBlocs();
+    huit.append({QStringLiteral("Friday:"), QStringLiteral(" ab")});
+    Blocs seul = huit;
+    huit.append({QStringLiteral("Saturday:"), QStringLiteral("F.")});
+    EXPECT_EQ(ErreurDe(PageDe(huit)), TypeMismatch);
+    EXPECT_EQ(ErreurDe(PageDe(seul)), 0);
+    EXPECT_EQ(ConvertirTemperatures(QStringLiteral("F.")), QStringLiteral("F."));
 }
 
 TEST(ForecastParser, CrLfLineEndsLoseTheNextBlocksHeading) {
@@ -226,6 +230,28 @@ TEST(ForecastParser, NoBracketLeftInTheTextFails) {
 TEST(ForecastParser, AClosingBracketWellBeforeTheFirstOpeningOneFails) {
     const QString texte = QStringLiteral("<!--TEXT FORECAST-->\n<b>Today:</b> a > b <p>\n<!--ENDTEXT FORECAST-->");
     EXPECT_EQ(ErreurDe(Page(texte)), InvalidProcedureCall);
+}
+
+TEST(ForecastParser, AClosingBracketTwoPlacesBeforeTheFirstOpeningOneFails) {
+    // Behind the heading, " Winds >5<p>" has its ">" at 8 and its "<" at 10: the tag's length
+    // comes to 8 - 10 + 1 = -1, which is no length at all. That is the fifth pass (the start
+    // marker, the line feed, "<b>", "</b>", then this one), before any "<p>": nothing is shown.
+    const QString texte = QStringLiteral("<!--TEXT FORECAST-->\n<b>Today:</b> Winds >5<p>\n<!--ENDTEXT FORECAST-->");
+    Enregistrement e;
+    int passes = 0;
+    EXPECT_EQ(ErrorOf([&] { LirePrevision(Page(texte), e, ArretApres(1000, passes)); }), InvalidProcedureCall);
+    EXPECT_EQ(e.montre, 1);
+    EXPECT_TRUE(e.ordre.isEmpty());
+    EXPECT_EQ(passes, 5);
+}
+
+TEST(ForecastParser, AHeadingWithASlashBeforeItsThirdCharacterFails) {
+    // "<b>A/B:</b>": the first "/" stands at 5, so the heading's length is 5 - 6 = -1.
+    const QString texte = QStringLiteral("<!--TEXT FORECAST-->\n<b>A/B:</b> Sunny.<p>\n<!--ENDTEXT FORECAST-->");
+    Enregistrement e;
+    EXPECT_EQ(ErrorOf([&] { LirePrevision(Page(texte), e); }), InvalidProcedureCall);
+    EXPECT_TRUE(e.titres.isEmpty());
+    EXPECT_TRUE(e.ordre.isEmpty());
 }
 
 TEST(ForecastParser, MoreThanSixteenBlocksIsASubscriptFailure) {

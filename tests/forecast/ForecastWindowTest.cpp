@@ -16,14 +16,6 @@ using namespace skelda::test;
 
 namespace {
 
-void ExpectPlace(const QWidget* w, double left, double top, double width, double height) {
-    SCOPED_TRACE(w->objectName().toStdString());
-    EXPECT_EQ(w->x(), ToPixels(left));
-    EXPECT_EQ(w->y(), ToPixels(top));
-    EXPECT_EQ(w->width(), ToPixels(width));
-    EXPECT_EQ(w->height(), ToPixels(height));
-}
-
 void ExpectGreyBack(const QWidget* w) {
     EXPECT_TRUE(w->autoFillBackground()) << w->objectName().toStdString();
     EXPECT_EQ(w->palette().color(QPalette::Window), QColor(224, 224, 224)) << w->objectName().toStdString();
@@ -41,35 +33,37 @@ TEST_F(Forecast, HasItsCaptionClientAreaAndEveryControlInPlace) {
     ForecastForm& f = Prevision();
     EXPECT_EQ(f.objectName(), QStringLiteral("forecastform"));
     EXPECT_EQ(f.windowTitle(), QStringLiteral("Forecast"));
-    EXPECT_EQ(f.size(), QSize(ToPixels(10830), ToPixels(6765)));
+    // The design's places in twips, and the pixels they come to at 15 twips a pixel, to the
+    // nearest: 10830 by 6765 twips are 722 by 451 pixels.
+    EXPECT_EQ(f.size(), QSize(722, 451));
     EXPECT_FALSE(f.isVisible());
     const struct {
         const char* name;
-        double left, top, width, height;
+        QRect pixels;
     } places[] = {
-        {"Nomvilleaeroport", 660, 216, 4020, 540},
-        {"titre1", 540, 924, 1488, 372},
-        {"titre2", 3924, 924, 1488, 372},
-        {"titre3", 7272, 972, 1488, 372},
-        {"titre4", 552, 3516, 1488, 372},
-        {"titre5", 3948, 3504, 1488, 372},
-        {"titre6", 7296, 3504, 1488, 372},
-        {"Label1", 540, 1392, 2940, 1992},
-        {"Label2", 3912, 1392, 2940, 1992},
-        {"Label3", 7272, 1392, 2940, 1992},
-        {"Label4", 540, 3960, 2940, 1992},
-        {"Label5", 3924, 3960, 2940, 1992},
-        {"Label6", 7296, 3960, 2940, 1992},
-        {"temp1", 2592, 900, 888, 456},
-        {"temp2", 9324, 912, 888, 456},
-        {"temp3", 5964, 3468, 888, 456},
-        {"temp4", 9336, 3456, 888, 456},
-        {"Command1", 4632, 6240, 1368, 390},
+        {"Nomvilleaeroport", {44, 14, 268, 36}},  // 660, 216, 4020, 540
+        {"titre1", {36, 62, 99, 25}},             // 540, 924, 1488, 372
+        {"titre2", {262, 62, 99, 25}},            // 3924, 924, 1488, 372
+        {"titre3", {485, 65, 99, 25}},            // 7272, 972, 1488, 372
+        {"titre4", {37, 234, 99, 25}},            // 552, 3516, 1488, 372
+        {"titre5", {263, 234, 99, 25}},           // 3948, 3504, 1488, 372
+        {"titre6", {486, 234, 99, 25}},           // 7296, 3504, 1488, 372
+        {"Label1", {36, 93, 196, 133}},           // 540, 1392, 2940, 1992
+        {"Label2", {261, 93, 196, 133}},          // 3912, 1392, 2940, 1992
+        {"Label3", {485, 93, 196, 133}},          // 7272, 1392, 2940, 1992
+        {"Label4", {36, 264, 196, 133}},          // 540, 3960, 2940, 1992
+        {"Label5", {262, 264, 196, 133}},         // 3924, 3960, 2940, 1992
+        {"Label6", {486, 264, 196, 133}},         // 7296, 3960, 2940, 1992
+        {"temp1", {173, 60, 59, 30}},             // 2592, 900, 888, 456
+        {"temp2", {622, 61, 59, 30}},             // 9324, 912, 888, 456
+        {"temp3", {398, 231, 59, 30}},            // 5964, 3468, 888, 456
+        {"temp4", {622, 230, 59, 30}},            // 9336, 3456, 888, 456
+        {"Command1", {309, 416, 91, 26}},         // 4632, 6240, 1368, 390
     };
     for (const auto& p : places) {
         QWidget* w = f.findChild<QWidget*>(QString::fromLatin1(p.name));
         ASSERT_NE(w, nullptr) << p.name;
-        ExpectPlace(w, p.left, p.top, p.width, p.height);
+        EXPECT_EQ(w->geometry(), p.pixels) << p.name;
     }
     EXPECT_EQ(f.findChild<QPushButton*>(QStringLiteral("Command1"))->text(), QStringLiteral("Close"));
     for (int i = 0; i < 6; ++i) {
@@ -157,14 +151,21 @@ TEST_F(Forecast, RightClickOnAnAirportFillsTheForecastWindow) {
     EXPECT_TRUE(runTimeEnds.empty());
 }
 
-TEST_F(Forecast, RightClickOnAnotherAirportSelectsItAndFetchesItsForecast) {
-    portal.Serve("/forecast/UKXX0085.html", PageDe({{QStringLiteral("Monday:"), QStringLiteral(" Drizzle.")}}));
+TEST_F(Forecast, RightClickOnAnotherAirportLeavesTheSelectionAndFetchesTheSelectedOnesForecast) {
+    portal.Serve("/forecast/FRXX0076.html", PageDe({{QStringLiteral("Monday:"), QStringLiteral(" Drizzle.")}}));
     Form1& f = Form();
     ASSERT_EQ(f.List1->ListIndex(), LigneBourget);
+    f.drawingSurface = &recording;
+    recording.Clear();
     Presser(LigneHeathrow, Qt::RightButton);
-    EXPECT_EQ(f.List1->ListIndex(), LigneHeathrow);
-    EXPECT_EQ(portal.Paths(), QStringList{QStringLiteral("/forecast/UKXX0085.html")});
-    EXPECT_EQ(Prevision().Nomvilleaeroport->Caption(), QStringLiteral("London - Heathrow"));
+    // The right button selects nothing: the forecast is that of the line selected before, and
+    // the chart isn't drawn again.
+    EXPECT_EQ(f.List1->ListIndex(), LigneBourget);
+    EXPECT_FALSE(f.List1->Selected(LigneHeathrow));
+    EXPECT_TRUE(recording.Calls().empty());
+    EXPECT_EQ(portal.Paths(), QStringList{QStringLiteral("/forecast/FRXX0076.html")});
+    EXPECT_EQ(Prevision().Nomvilleaeroport->Caption(), QStringLiteral("Paris - Le Bourget"));
+    EXPECT_EQ(Prevision().Label1->Caption(), QStringLiteral(" Drizzle."));
 }
 
 TEST_F(Forecast, RightClickWithoutCodeShowsTheBoxAndTRunsAgain) {

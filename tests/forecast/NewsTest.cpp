@@ -49,6 +49,20 @@ TEST_F(News, TheFirstPollShowsTheNewsWindowWithThePageAndTheTimeOfLoading) {
     EXPECT_TRUE(runTimeEnds.empty());
 }
 
+TEST_F(News, AtMidnightTheTimeOfLoadingIsTheDateAlone) {
+    // The general format of a date value leaves out a time of exactly 00:00:00, and the
+    // system's clock has no fraction of a second.
+    clock.Set(QDateTime(QDate(2004, 11, 3), QTime(0, 0, 0, 400)));
+    Connect(Form());
+    ASSERT_TRUE(forms.Loaded<Promo>());
+    EXPECT_EQ(forms.Get<Promo>().Label2->Caption(), QStringLiteral("03/11/2004"));
+    // A second later the time is there again.
+    forms.Unload<Promo>();
+    clock.Set(QDateTime(QDate(2004, 11, 3), QTime(0, 0, 1)));
+    Promo& again = forms.Get<Promo>();
+    EXPECT_EQ(again.Label2->Caption(), QStringLiteral("03/11/2004 00:00:01"));
+}
+
 TEST_F(News, SecondAndLaterPollsMakeNoFetch) {
     Connect(Form());
     PollSuivant();
@@ -122,23 +136,21 @@ TEST_F(News, TheNewsWindowHasItsCaptionControlsAndPlaceInTheMiddleOfTheScreen) {
     Promo& promo = forms.Get<Promo>();
     EXPECT_EQ(promo.objectName(), QStringLiteral("promo"));
     EXPECT_EQ(promo.windowTitle(), QStringLiteral("News form Skelda"));
-    EXPECT_EQ(promo.size(), QSize(ToPixels(7560), ToPixels(4050)));
+    EXPECT_EQ(promo.size(), QSize(504, 270));  // 7560 by 4050 twips, at 15 twips a pixel
     const QPoint centre = QGuiApplication::primaryScreen()->geometry().center();
     EXPECT_LE((promo.geometry().center() - centre).manhattanLength(), 2);
     EXPECT_EQ(promo.Frame1->title(), QStringLiteral("News......"));
     EXPECT_EQ(promo.Label1->parentWidget(), promo.Frame1);
     EXPECT_EQ(promo.Command1->text(), QStringLiteral("Close"));
+    // The design's places in twips come to these pixels, to the nearest.
     const struct {
         QWidget* w;
-        double left, top, width, height;
-    } places[] = {{promo.Frame1, 1320, 240, 4935, 3015},
-                  {promo.Label1, 240, 360, 4455, 2535},
-                  {promo.Command1, 3120, 3360, 1335, 375},
-                  {promo.Label2, 6060, 3768, 1404, 216}};
-    for (const auto& p : places) {
-        SCOPED_TRACE(p.w->objectName().toStdString());
-        EXPECT_EQ(p.w->geometry(), QRect(ToPixels(p.left), ToPixels(p.top), ToPixels(p.width), ToPixels(p.height)));
-    }
+        QRect pixels;
+    } places[] = {{promo.Frame1, {88, 16, 329, 201}},    // 1320, 240, 4935, 3015
+                  {promo.Label1, {16, 24, 297, 169}},    // 240, 360, 4455, 2535
+                  {promo.Command1, {208, 224, 89, 25}},  // 3120, 3360, 1335, 375
+                  {promo.Label2, {404, 251, 94, 14}}};   // 6060, 3768, 1404, 216
+    for (const auto& p : places) EXPECT_EQ(p.w->geometry(), p.pixels) << p.w->objectName().toStdString();
     for (const char* name : {"Frame1", "Label1", "Command1", "Label2"})
         EXPECT_NE(promo.findChild<QWidget*>(QString::fromLatin1(name)), nullptr) << name;
     // Loading wrote the time over the design's "now".

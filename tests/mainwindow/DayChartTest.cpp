@@ -520,9 +520,10 @@ TEST_F(DayChart, DrawsOnTheFormItselfByDefault) {
     db.AddObservation(Releve(LeBourget, 10, 0, 20));
     Form1& form = Form();
     EXPECT_EQ(form.drawingSurface, static_cast<Surface*>(&form));
-    // Inside the bar of slot 20 (20 knots, class 4), edged in class 5.
-    const QPoint inside(ToPixels(2340 + 180 * 20 + 60), ToPixels(3500));
-    const QPoint edge(ToPixels(2340 + 180 * 20), ToPixels(3500));
+    // Inside the bar of slot 20 (20 knots, class 4), 60 twips right of its edge at 2340 + 180 x 20
+    // = 5940 twips, 396 pixels; at y 3500 twips, 233 pixels.
+    const QPoint inside(400, 233);
+    const QPoint edge(396, 233);
     // The first drawing of the run comes before any arrow set the fill: its bars are empty.
     EXPECT_EQ(form.Snapshot().pixelColor(inside), QColor(ToQColor(form.BackColor())));
     EXPECT_EQ(form.Snapshot().pixelColor(edge), QColor(33, 138, 255));

@@ -215,8 +215,9 @@ TEST_F(Form1Controls, ThePageHolderIsHiddenAndTheRestFitsTheWindow) {
 }
 
 TEST_F(Form1Controls, NothingOfTheFreeLayoutCoversTheChart) {
-    // The chart from the top grid line to the hour pictures, between the scales.
-    const QRect chart(ToPixels(2340), ToPixels(1261), ToPixels(10983 - 2340), ToPixels(4320 - 1261));
+    // The chart from the top grid line to the hour pictures, between the scales: from x 2340 to
+    // 10983 twips and from y 1261 to 4320, in whole pixels of 15 twips.
+    const QRect chart(156, 84, 576, 204);
     QList<QWidget*> chartControls;
     for (auto* w : form->FKNT) chartControls.append(w);
     for (auto* w : form->Label8) chartControls.append(w);

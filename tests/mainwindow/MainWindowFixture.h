@@ -1,7 +1,9 @@
-// What the main window's tests share: a loaded Form1 over a real database in a temporary folder,
-// run from another temporary folder that holds log/ and Images/, as the program finds them.
+// What the main window's tests share: a loaded Form1 with its poll cycle, over a real database
+// in a temporary folder, run from another temporary folder that holds log/ and Images/, as the
+// program finds them.
 #pragma once
 
+#include "Acquisition.h"
 #include "Form1.h"
 #include "Forms.h"
 #include "GuiApplication.h"
@@ -14,6 +16,7 @@
 #include <QDir>
 #include <QFile>
 #include <QImage>
+#include <QTcpServer>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -77,7 +80,11 @@ protected:
         QDir().mkdir(QStringLiteral("log"));
         QDir().mkdir(QStringLiteral("Images"));
         SaveBitmap(QStringLiteral("Images/METEO2.BMP"), Qt::blue);
-        forms.Provide<Form1>(&Form1::Load);
+        // Form1 as the program loads it, with its poll cycle wired. Nobody serves here: a poll's
+        // connection and the first poll's news fetch are refused at once, silently.
+        services.observationServer = {QStringLiteral("127.0.0.1"), ClosedPort()};
+        services.newsServer = {QStringLiteral("127.0.0.1"), ClosedPort()};
+        forms.Provide<Form1>(&LoadForm1WithPollCycle);
     }
     void TearDown() override {
         forms.Unload<Form1>();
@@ -106,6 +113,15 @@ protected:
         return QString::fromUtf8(f.readAll());
     }
     int LogCount(const QString& line) const { return int(LogText().count(line)); }
+
+    // A port on which nobody listens: a connection to it is refused.
+    static quint16 ClosedPort() {
+        QTcpServer probe;
+        probe.listen(QHostAddress::LocalHost, 0);
+        const quint16 port = probe.serverPort();
+        probe.close();
+        return port;
+    }
 
     TestDatabase db{Aeroports()};
     QTemporaryDir work;

@@ -42,6 +42,11 @@ export STARTS=$work/starts
 export HOME=$work/home
 unset XDG_DATA_HOME
 mkdir -p "$HOME"
+# No desktop around the launcher, unless a test makes one: no display, no session bus. The
+# launcher looks for a notification area only where there is a display.
+unset DISPLAY WAYLAND_DISPLAY DBUS_SESSION_BUS_ADDRESS
+export XDG_RUNTIME_DIR=$work/runtime
+mkdir -p "$XDG_RUNTIME_DIR"
 station=$HOME/.local/share/skelda
 status=0
 
@@ -271,6 +276,104 @@ SeveralStartsAtOnceShareOneStationFolder() {
     check "the delivered part is whole" cmp -s -n 3000000 "$station/database.mdb" "$delivered/database.mdb"
     check "each picture is whole" same "$station/Images/A.BMP" "$delivered/Images/A.BMP"
     check "no temporary file is left" no_leftovers "$station"
+}
+
+# ---- The notification area
+
+# A session bus put first on the PATH, as dbus-send: it notes each question, and answers whether
+# a StatusNotifierWatcher holds its name as the test says: true, false, or fail (no answer).
+session_bus() {
+    mkdir -p "$work/bus"
+    cat >"$work/bus/dbus-send" <<EOF
+#!/bin/sh
+printf '%s\n' "\$*" >>"$work/bus/asked"
+case $1 in
+true | false) printf 'method return time=1.0 sender=org.freedesktop.DBus -> destination=:1.9 serial=3 reply_serial=2\n   boolean %s\n' $1 ;;
+*) echo "Error org.freedesktop.DBus.Error.NoReply: Did not receive a reply." >&2; exit 1 ;;
+esac
+EOF
+    chmod +x "$work/bus/dbus-send"
+    export PATH=$work/bus:$PATH DBUS_SESSION_BUS_ADDRESS=unix:path=$work/bus/socket
+}
+bus_asked_for_the_watcher() { holds "$work/bus/asked" "string:org.kde.StatusNotifierWatcher"; }
+bus_not_asked() { [ ! -e "$work/bus/asked" ]; }
+says_no_notification_area() { holds "$work/err" "no notification area"; }
+
+NoNotificationAreaIsSaidInOneLine() {
+    session_bus false
+    export WAYLAND_DISPLAY=wayland-9 # a desktop without X11
+    start
+    check "the launcher succeeds" [ "$status" -eq 0 ]
+    check "the bus was asked for a StatusNotifierWatcher" bus_asked_for_the_watcher
+    check "it is said in one line" one_line "$work/err"
+    check "the line says there is no notification area" says_no_notification_area
+    check "the line names the GNOME extension" holds "$work/err" "gnome-shell-extension-appindicator"
+    check "the program is started all the same" started_in "$station"
+}
+
+AStatusNotifierWatcherIsANotificationArea() {
+    session_bus true
+    export WAYLAND_DISPLAY=wayland-9
+    start
+    check "the launcher succeeds" [ "$status" -eq 0 ]
+    check "the bus was asked" bus_asked_for_the_watcher
+    check "nothing is said" empty "$work/err"
+    check "the program is started" started_in "$station"
+}
+
+ABusThatDoesNotAnswerSaysNothing() {
+    session_bus fail
+    export WAYLAND_DISPLAY=wayland-9
+    start
+    check "the launcher succeeds" [ "$status" -eq 0 ]
+    check "nothing is said" empty "$work/err"
+    check "the program is started" started_in "$station"
+}
+
+WithoutADisplayNothingIsLookedFor() {
+    session_bus false
+    start
+    check "the launcher succeeds" [ "$status" -eq 0 ]
+    check "the bus isn't asked" bus_not_asked
+    check "nothing is said" empty "$work/err"
+}
+
+WithoutASessionBusNoWatcherCanBeThere() {
+    export WAYLAND_DISPLAY=wayland-9
+    start
+    check "the launcher succeeds" [ "$status" -eq 0 ]
+    check "it is said in one line" one_line "$work/err"
+    check "the line says there is no notification area" says_no_notification_area
+}
+
+# A real X display (Xvfb) without a notification area, then with one (trayer), and a bus whose
+# answer is no: the launcher asks the display for the owner of _NET_SYSTEM_TRAY_S0.
+AnX11NotificationAreaIsFoundOnTheDisplay() {
+    local tool
+    for tool in Xvfb trayer python3; do
+        if ! command -v "$tool" >/dev/null 2>&1; then
+            echo "skipped: $tool is missing" >&2
+            exit 77
+        fi
+    done
+    session_bus false
+    Xvfb -displayfd 3 -nolisten tcp -screen 0 640x480x24 3>"$work/display" 2>/dev/null &
+    local xvfb=$! n=0
+    until [ -s "$work/display" ] || [ $((n += 1)) -gt 100 ]; do sleep 0.1; done
+    DISPLAY=:$(cat "$work/display")
+    export DISPLAY
+    start
+    check "without a notification area it is said in one line" one_line "$work/err"
+    check "the line says there is no notification area" says_no_notification_area
+    trayer --edge top --SetDockType true >/dev/null 2>&1 &
+    local tray=$!
+    # The notification area is there once trayer has taken the selection: ask until it has.
+    n=0
+    until { start && empty "$work/err"; } || [ $((n += 1)) -gt 100 ]; do sleep 0.1; done
+    check "with trayer's notification area nothing is said" empty "$work/err"
+    check "the program is started" started_in "$station"
+    kill "$tray" "$xvfb" 2>/dev/null
+    wait "$tray" "$xvfb" 2>/dev/null
 }
 
 if ! declare -F "$test_name" >/dev/null; then

@@ -43,6 +43,10 @@ check "it depends on the Qt Widgets library it links" grep -q libqt6widgets6 <<<
 check "it depends on the SQLite library it links" grep -q libsqlite3-0 <<<"$depends"
 check "it depends on the curl library it links" grep -q libcurl4 <<<"$depends"
 
+recommends=$(dpkg-deb --field "$deb" Recommends)
+echo "Recommends: $recommends"
+check "it recommends GNOME's notification area first" grep -q '^gnome-shell-extension-appindicator |' <<<"$recommends"
+
 lintian --fail-on error --display-info --tag-display-limit 0 "$deb" >"$work/lintian" 2>&1
 status=$?
 cat "$work/lintian"

@@ -30,6 +30,17 @@ TEST(Text, MidFromZeroIsAnInvalidArgument) {
     EXPECT_THROW(Mid(u"abc", 1, -2), RuntimeError);
 }
 
+TEST(Text, MidOfLengthMinusOneIsAnInvalidArgumentNotTheRest) {
+    try {
+        Mid(u"abc", 2, -1);
+        FAIL() << "no failure";
+    } catch (const RuntimeError& e) {
+        EXPECT_EQ(e.Number(), 5);
+    }
+    EXPECT_EQ(Mid(u"abc", 2), u"bc");
+    EXPECT_EQ(Mid(u"abc", 4, 0), u"");
+}
+
 TEST(Text, LeftAndRightTakeAtMostTheWholeText) {
     EXPECT_EQ(Left(u"Rain", 2), u"Ra");
     EXPECT_EQ(Left(u"Rain", 10), u"Rain");

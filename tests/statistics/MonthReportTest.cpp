@@ -253,6 +253,29 @@ TEST_F(MonthReport, ANullMaximumEndsTheWholeJobWhenTheWindIsChecked) {
     EXPECT_EQ(page->Count(DrawOp::EndDoc), 1);
 }
 
+TEST_F(MonthReport, ADayWhosePeakIsAVariableWindEndsTheWholeJobAtItsArrow) {
+    Observe(LeBourget, MarchDay(3), QTime(10, 0), 10);
+    TestObservation variable;
+    variable.numAeroport = LeBourget;
+    variable.day = MarchDay(4);
+    variable.time = QTime(9, 0);
+    variable.forcenoeuds = -20;
+    variable.variable = true;
+    variable.orientation = QString();
+    variable.temperature = 12;
+    variable.pression = 1015;
+    variable.metaf = QStringLiteral("LFPB 040900Z VRB20KT CAVOK 12/08 Q1015");
+    db.AddObservation(variable);
+    StatistiqueMensuelle& f = FormPrintingOnRecording();
+    Print(f);
+    // The arrow of day 4 can't take a Null direction: nothing of the job reaches the paper.
+    EXPECT_EQ(page->Count(DrawOp::EndDoc), 0);
+    EXPECT_EQ(page->Count(DrawOp::KillDoc), 1);
+    ASSERT_EQ(boxes.shown.size(), 2u);
+    EXPECT_EQ(boxes.shown[1].prompt, QStringLiteral("Impossible d'imprimer Invalid use of Null"));
+    EXPECT_EQ(boxes.shown[1].title, QStringLiteral("Oups !"));
+}
+
 TEST_F(MonthReport, TheSelectedYearIsPrintedEvenIfTheScreenShowsAnother) {
     Observe(LeBourget, QDate(2005, 3, 14), QTime(10, 0), 25);
     StatistiqueMensuelle& f = FormPrintingOnRecording();

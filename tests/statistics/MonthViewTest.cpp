@@ -178,6 +178,37 @@ TEST_F(MonthView, ANullDirectionKeepsThePreviousTextAndDrawsNoArrow) {
     EXPECT_NEAR((arrows[0].x1 + arrows[0].x2) / 2, Centre(3), 1e-9);
 }
 
+TEST_F(MonthView, ADayWhosePeakIsAVariableWindKeepsThePreviousTextAndDrawsNoArrow) {
+    Observe(LeBourget, MarchDay(3), QTime(10, 0), 10);
+    // Day 4 peaks at 20 knots variable, which has no direction; its steady wind came later.
+    TestObservation variable;
+    variable.numAeroport = LeBourget;
+    variable.day = MarchDay(4);
+    variable.time = QTime(9, 0);
+    variable.forcenoeuds = -20;
+    variable.variable = true;
+    variable.orientation = QString();
+    variable.temperature = 12;
+    variable.pression = 1015;
+    variable.metaf = QStringLiteral("LFPB 040900Z VRB20KT CAVOK 12/08 Q1015");
+    db.AddObservation(variable);
+    Observe(LeBourget, MarchDay(4), QTime(10, 0), 5, QStringLiteral("120"));
+    StatistiqueMensuelle& f = FormOnRecording();
+    Show(f, LineLeBourget, 3);
+    const QString day3 = f.Jour[3]->Tag;
+    ASSERT_TRUE(day3.startsWith(QStringLiteral("Secteur West South West °\r\n")));
+    // No "Secteur North": day 4's lines follow the whole text of day 3.
+    EXPECT_TRUE(f.Jour[4]->Tag.startsWith(day3));
+    EXPECT_TRUE(
+        f.Jour[4]->Tag.mid(day3.size()).startsWith(QStringLiteral("Moyen   12 Nds\r\nMaxi    20 Nds à 09:00:00")));
+    EXPECT_FALSE(f.Jour[4]->Tag.contains(QStringLiteral("North")));
+    const auto arrows = Arrows();
+    ASSERT_EQ(arrows.size(), 1u);
+    EXPECT_NEAR((arrows[0].x1 + arrows[0].x2) / 2, Centre(3), 1e-9);
+    // The bars of day 4 are drawn all the same.
+    EXPECT_EQ(BoxesAt(240 * 3 + 30).size(), 1u);
+}
+
 // ---- The bars
 
 TEST_F(MonthView, TheBarsStandOnTheFootNarrowMaximumUnderFullMean) {

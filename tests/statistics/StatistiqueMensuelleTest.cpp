@@ -13,6 +13,7 @@
 #include <QMenuBar>
 #include <QMouseEvent>
 #include <QPointer>
+#include <QTest>
 
 using namespace skelda;
 using namespace skelda::test;
@@ -64,8 +65,8 @@ TEST_F(Statistics, EveryControlStandsAtItsDesignPlace) {
     for (const Placed& p : places) {
         const auto* w = f.findChild<QWidget*>(QString::fromUtf8(p.name));
         ASSERT_NE(w, nullptr) << p.name;
-        EXPECT_EQ(LeftOf(w), ToPixels(p.left) * 15.0) << p.name;
-        EXPECT_EQ(TopOf(w), ToPixels(p.top) * 15.0) << p.name;
+        EXPECT_EQ(LeftOf(w), p.left) << p.name;
+        EXPECT_EQ(TopOf(w), p.top) << p.name;
         EXPECT_EQ(WidthOf(w), p.width) << p.name;
         EXPECT_EQ(HeightOf(w), p.height) << p.name;
     }
@@ -205,6 +206,18 @@ TEST_F(Statistics, OpeningInAYearOutsideTheListFailsAtTheYear) {
     EXPECT_EQ(form.StatPrete, 0);
 }
 
+TEST_F(Statistics, OpeningInAYearBeforeTheListFailsAtTheYearAsAfterIt) {
+    for (const int year : {2002, 2001}) {
+        clock.Set(QDateTime(QDate(year, 3, 1), QTime(12, 0)));
+        StatistiqueMensuelle form(forms);
+        EXPECT_EQ(ErrorOf([&] { form.Form_Load(); }), InvalidPropertyValue) << year;
+        EXPECT_EQ(form.Mois->ListIndex(), 2);
+        EXPECT_EQ(form.Annee->ListIndex(), -1);
+        EXPECT_EQ(form.TxtTemp.size(), 1u);
+        EXPECT_EQ(form.StatPrete, 0);
+    }
+}
+
 TEST_F(Statistics, OpeningWithoutADatabaseFailsAtTheAirports) {
     ASSERT_TRUE(QFile::remove(db.Path()));
     StatistiqueMensuelle form(forms);
@@ -212,20 +225,26 @@ TEST_F(Statistics, OpeningWithoutADatabaseFailsAtTheAirports) {
     EXPECT_EQ(form.StatPrete, 0);
 }
 
-TEST_F(Statistics, TheWindScaleIsLoadedEveryFiveKnotsFromThePlotsLines) {
+TEST_F(Statistics, TheWindScaleIsLoadedEveryFiveKnotsFromThePlotsDesignTop) {
     StatistiqueMensuelle& f = Form();
     ASSERT_EQ(f.TxtTemp.size(), 11u);
-    // Top = Picture1.Top + 5000 - 100 i - Height / 2, to the even whole number: the picture's top
-    // reads 210 in whole pixels, so 5112.5 - 100 i, which rounds down to the even 5112 - 100 i.
-    for (int i = 5; i <= 50; i += 5) {
-        Label* label = f.TxtTemp.at(i);
-        EXPECT_EQ(label->objectName(), QStringLiteral("TxtTemp(%1)").arg(i));
-        EXPECT_EQ(label->Caption(), QStringLiteral("%1 nds").arg(i));
+    // Top = 204 + 5000 - 100 i - 195 / 2 = 5106.5 - 100 i, to the even whole number: 4606 twips
+    // for 5 knots down to 106 for 50, each kept in whole pixels (15 twips to the pixel).
+    const struct {
+        int knots;
+        int twips;
+        int pixels;
+    } scale[] = {{5, 4606, 307},  {10, 4106, 274}, {15, 3606, 240}, {20, 3106, 207}, {25, 2606, 174},
+                 {30, 2106, 140}, {35, 1606, 107}, {40, 1106, 74},  {45, 606, 40},   {50, 106, 7}};
+    for (const auto& [knots, twips, pixels] : scale) {
+        SCOPED_TRACE(twips);
+        Label* label = f.TxtTemp.at(knots);
+        EXPECT_EQ(label->objectName(), QStringLiteral("TxtTemp(%1)").arg(knots));
+        EXPECT_EQ(label->Caption(), QStringLiteral("%1 nds").arg(knots));
         EXPECT_TRUE(label->isVisibleTo(&f));
-        EXPECT_EQ(label->y(), ToPixels(5112 - 100 * i)) << i;
-        EXPECT_EQ(LeftOf(label), LeftOf(f.TxtTemp.at(0)));
+        EXPECT_EQ(label->y(), pixels);
+        EXPECT_EQ(label->x(), 144);  // TxtTemp(0)'s left, 2160 twips
     }
-    EXPECT_EQ(f.TxtTemp.at(50)->y(), ToPixels(112));
 }
 
 // ---- The lists and the check boxes
@@ -245,6 +264,50 @@ TEST_F(Statistics, ChangingTheYearAloneLeavesThePlotAsItIs) {
     f.Mois->SetListIndex(2);
     EXPECT_EQ(recording.Count(DrawOp::Cls), 1);
     EXPECT_TRUE(f.Jour[9]->Tag.contains(QStringLiteral("Maxi    30 Nds")));
+}
+
+TEST_F(Statistics, AClickOnTheMonthSelectedAtOpeningDrawsIt) {
+    Observe(LeBourget, QDate(2004, 3, 5), QTime(10, 0), 20);
+    StatistiqueMensuelle& f = FormOnRecording();
+    f.show();
+    ASSERT_EQ(f.Aeroports->ListIndex(), LineLeBourget);
+    ASSERT_EQ(f.Mois->ListIndex(), 2);
+    recording.Clear();
+    QTest::mouseClick(f.Mois->viewport(), Qt::LeftButton, {}, f.Mois->visualItemRect(f.Mois->item(2)).center());
+    EXPECT_EQ(recording.Count(DrawOp::Cls), 1);
+    EXPECT_TRUE(f.Jour[5]->Tag.contains(QStringLiteral("Maxi    20 Nds")));
+    f.hide();
+}
+
+TEST_F(Statistics, AClickOnTheAirportSelectedAtOpeningDrawsIt) {
+    Observe(LeBourget, QDate(2004, 3, 5), QTime(10, 0), 20);
+    StatistiqueMensuelle& f = FormOnRecording();
+    f.show();
+    recording.Clear();
+    const QRect line = f.Aeroports->visualItemRect(f.Aeroports->item(LineLeBourget));
+    QTest::mouseClick(f.Aeroports->viewport(), Qt::LeftButton, {}, line.center());
+    EXPECT_EQ(recording.Count(DrawOp::Cls), 1);
+    EXPECT_TRUE(f.Jour[5]->Tag.contains(QStringLiteral("Maxi    20 Nds")));
+    f.hide();
+}
+
+TEST_F(Statistics, ALaterClickOnTheSelectedMonthRedrawsWithTheNewYear) {
+    Observe(LeBourget, QDate(2004, 3, 5), QTime(10, 0), 20);
+    Observe(LeBourget, QDate(2003, 3, 9), QTime(10, 0), 30);
+    StatistiqueMensuelle& f = FormOnRecording();
+    f.show();
+    const QPoint mars = f.Mois->visualItemRect(f.Mois->item(2)).center();
+    QTest::mouseClick(f.Mois->viewport(), Qt::LeftButton, {}, mars);
+    ASSERT_TRUE(f.Jour[9]->Tag.isEmpty());
+    // 2003 chosen with the mouse: the year list has no handler, so nothing is drawn yet.
+    recording.Clear();
+    QTest::mouseClick(f.Annee->viewport(), Qt::LeftButton, {}, f.Annee->visualItemRect(f.Annee->item(0)).center());
+    EXPECT_EQ(f.Annee->ListIndex(), 0);
+    EXPECT_TRUE(recording.Calls().empty());
+    QTest::mouseClick(f.Mois->viewport(), Qt::LeftButton, {}, mars);
+    EXPECT_EQ(recording.Count(DrawOp::Cls), 1);
+    EXPECT_TRUE(f.Jour[9]->Tag.contains(QStringLiteral("Maxi    30 Nds")));
+    f.hide();
 }
 
 TEST_F(Statistics, UncheckingTheTemperatureBoxGreysItAndCheckingRestoresItsColour) {

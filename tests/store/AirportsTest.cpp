@@ -3,6 +3,8 @@
 
 #include "Controls.h"
 #include "Dao.h"
+#include "Failure.h"
+#include "Failures.h"
 #include "GuiApplication.h"
 #include "TestDatabase.h"
 
@@ -187,20 +189,20 @@ TEST_F(AirportList, OfSeveralPreferredAirportsTheLastByCityWins) {
     EXPECT_EQ(list->Text(), QStringLiteral("   Toulouse - Francazal"));
 }
 
-TEST_F(AirportList, WithNoActiveAirportTheListStaysEmptyAndNothingFails) {
+TEST_F(AirportList, WithNoActiveAirportTheListStaysEmptyAndRefusesItsLineZero) {
     TestDatabase db({Airport("LFTH", "Toulouse", "Francazal", false, true)});
     list->AddItem(QStringLiteral("an old line"));
     list->Tag = QStringLiteral("5");
-    EXPECT_NO_THROW(Fill(db));
+    EXPECT_EQ(test::ErrorOf([&] { Fill(db); }), InvalidPropertyValue);
     EXPECT_EQ(list->ListCount(), 0);
     EXPECT_EQ(list->Tag, QStringLiteral("0"));
     EXPECT_EQ(list->ListIndex(), -1);
     EXPECT_TRUE(clicks.isEmpty());
 }
 
-TEST_F(AirportList, WithNoAirportAtAllTheListIsEmpty) {
+TEST_F(AirportList, WithNoAirportAtAllTheListIsEmptyAndRefusesItsLineZero) {
     TestDatabase db;
-    EXPECT_NO_THROW(Fill(db));
+    EXPECT_EQ(test::ErrorOf([&] { Fill(db); }), InvalidPropertyValue);
     EXPECT_EQ(list->ListCount(), 0);
     EXPECT_EQ(list->ListIndex(), -1);
 }

@@ -5,7 +5,6 @@
 #include <QLabel>
 #include <QTimer>
 
-#include "Text.h"
 #include "TrayFixture.h"
 
 using namespace skelda;
@@ -149,7 +148,7 @@ TEST_F(Tray, TwoDoubleClicksShowForm1TwiceAndSetVisibleAgain) {
     EXPECT_EQ(f.Tag, QStringLiteral("VISIBLE"));
     // No other effect: no poll, no count.
     EXPECT_EQ(f.SecondesAttente, 1);
-    QCoreApplication::processEvents();
+    ASSERT_TRUE(RoundTrip());  // a connection begun by now would have been accepted
     EXPECT_EQ(server.Connections(), 0);
 }
 
@@ -233,7 +232,8 @@ TEST_F(Tray, AReceptionReachesTheTipThroughTheCaption) {
     tray.Timer1.Fire();
     f.T.SetEnabled(false);
     ASSERT_TRUE(QTest::qWaitFor([&] { return LogCount(QStringLiteral("New Metaf Recorded ")) == 1; }, 5000));
-    const QString attendu = Trim(f.List1->Text()).toString() + QStringLiteral("\r\nWest South West Force 4");
+    // Le Bourget's entry with its three blanks trimmed, then the wind of the report.
+    const QString attendu = QStringLiteral("Paris - Le Bourget\r\nWest South West Force 4");
     EXPECT_EQ(tray.Caption(), attendu);
     tray.Timer1.Fire();
     EXPECT_EQ(tray.TipText(), attendu);
@@ -267,6 +267,17 @@ TEST_F(Tray, MonthlyCurveLoadsTheMonthlyWindowAndShowsItWithoutWaiting) {
     // A second click shows the same window.
     tray.MenuStatistiqueMensuelle->trigger();
     EXPECT_EQ(&forms.Get<StatistiqueMensuelle>(), &stat);
+}
+
+TEST_F(Tray, WithNoActiveAirportTheStartEndsInTheRunTimeBoxBeforeTheIcon) {
+    ASSERT_TRUE(db.Exec(QStringLiteral("UPDATE \"Aéroports\" SET \"activé\" = 0")));
+    // As the program starts: the start form's load, inside the guard of the first event.
+    guard.Handle([&] { StartForm(); });
+    EXPECT_EQ(runTimeEnds, std::vector<int>{InvalidPropertyValue});
+    EXPECT_EQ(boxes.shown, std::vector<QString>{QStringLiteral("Run-time error '380': Invalid property value")});
+    EXPECT_EQ(LogCount(QStringLiteral("Skelda Starting")), 1);
+    EXPECT_FALSE(forms.Loaded<Form1>());
+    EXPECT_FALSE(forms.Loaded<FrmIcone>());
 }
 
 TEST_F(Tray, MonthlyCurveInAYearOutsideItsListEndsInTheRunTimeBox) {
