@@ -13,7 +13,7 @@
 set -euo pipefail
 cd "$(dirname "$0")"
 
-packages=(g++ cmake ninja-build pkg-config qt6-base-dev libsqlite3-dev libcurl4-openssl-dev
+packages=(g++ cmake make ninja-build pkg-config qt6-base-dev libsqlite3-dev libcurl4-openssl-dev
           libgtest-dev libgmock-dev libbenchmark-dev
           desktop-file-utils appstream lintian dpkg-dev file sqlite3
           xvfb xauth openbox trayer poppler-utils clang libclang-rt-14-dev
