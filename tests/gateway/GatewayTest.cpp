@@ -67,6 +67,13 @@ protected:
 
     int Rows() const { return db.Count(QStringLiteral("Zefir")); }
 
+    // The source's forecast from the hour under way, hour by hour for sixty hours, then every six.
+    static void ServeTheSourcesForecast() {
+        const QDateTime now = QDateTime::currentDateTimeUtc();
+        World().ServeFile(QStringLiteral("/weatherapi/locationforecast/2.0/compact"),
+                          ReponseReguliere(QDateTime(now.date(), QTime(now.time().hour(), 0), Qt::UTC)));
+    }
+
     static inline QString reason_;
     static inline std::unique_ptr<GatewayWorld> world_;
 };
@@ -307,10 +314,7 @@ TEST_F(Gateway, ARightClickWithoutThePageMakerOpensTheForecastWindowSayingSo) {
 }
 
 TEST_F(Gateway, ARightClickShowsTheForecastMadeFromTheSourceInSixBlocks) {
-    // The source's forecast from the hour under way, hour by hour for sixty hours, then every six.
-    const QDateTime now = QDateTime::currentDateTimeUtc();
-    const QDateTime hour(now.date(), QTime(now.time().hour(), 0), Qt::UTC);
-    World().ServeFile(QStringLiteral("/weatherapi/locationforecast/2.0/compact"), ReponseReguliere(hour));
+    ServeTheSourcesForecast();
     Start(GoodSource, true);
     Presser(LigneBourget, Qt::LeftButton);
     Presser(LigneBourget, Qt::RightButton);
@@ -337,9 +341,7 @@ TEST_F(Gateway, ARightClickShowsTheForecastMadeFromTheSourceInSixBlocks) {
 }
 
 TEST_F(Gateway, ManyRightClicksAskTheSourceOncePerCode) {
-    const QDateTime now = QDateTime::currentDateTimeUtc();
-    World().ServeFile(QStringLiteral("/weatherapi/locationforecast/2.0/compact"),
-                      ReponseReguliere(QDateTime(now.date(), QTime(now.time().hour(), 0), Qt::UTC)));
+    ServeTheSourcesForecast();
     Start(GoodSource, true);
     Presser(LigneBourget, Qt::LeftButton);
     for (int i = 0; i < 5; ++i) Presser(LigneBourget, Qt::RightButton);

@@ -144,58 +144,21 @@ bool GatewayWorld::WriteFile(const QString& name, const QByteArray& content) {
 bool GatewayWorld::MakeCertificates() {
     const QString folder = Path(QStringLiteral("pki"));
     QDir().mkpath(folder);
-    const QStringList key{QStringLiteral("-newkey"), QStringLiteral("ec"), QStringLiteral("-pkeyopt"),
-                          QStringLiteral("ec_paramgen_curve:prime256v1"), QStringLiteral("-nodes")};
-    auto file = [&](const char* name) { return folder + u'/' + QLatin1String(name); };
-    QFile ca(file("ca.ext")), intermediate(file("int.ext")), server(file("srv.ext"));
-    if (!ca.open(QIODevice::WriteOnly) || !intermediate.open(QIODevice::WriteOnly) ||
-        !server.open(QIODevice::WriteOnly))
-        return false;
-    intermediate.write("basicConstraints=critical,CA:TRUE,pathlen:0\nkeyUsage=critical,keyCertSign,cRLSign\n");
-    server.write("subjectAltName=DNS:tgftp.nws.noaa.gov,DNS:api.met.no\nextendedKeyUsage=serverAuth\n");
-    ca.close();
-    intermediate.close();
-    server.close();
-    const QString openssl = QStringLiteral("openssl");
-    return Run(openssl,
-               QStringList{QStringLiteral("req"), QStringLiteral("-x509")} + key +
-                   QStringList{QStringLiteral("-keyout"), file("ca.key"), QStringLiteral("-out"), file("ca.pem"),
-                               QStringLiteral("-days"), QStringLiteral("2"), QStringLiteral("-subj"),
-                               QStringLiteral("/CN=Skelda tests root"), QStringLiteral("-addext"),
-                               QStringLiteral("basicConstraints=critical,CA:TRUE"), QStringLiteral("-addext"),
-                               QStringLiteral("keyUsage=critical,keyCertSign,cRLSign")},
-               &error_) &&
-           Run(openssl,
-               QStringList{QStringLiteral("req")} + key +
-                   QStringList{QStringLiteral("-keyout"), file("int.key"), QStringLiteral("-out"), file("int.csr"),
-                               QStringLiteral("-subj"), QStringLiteral("/CN=Skelda tests intermediate")},
-               &error_) &&
-           Run(openssl,
-               {QStringLiteral("x509"), QStringLiteral("-req"), QStringLiteral("-in"), file("int.csr"),
-                QStringLiteral("-CA"), file("ca.pem"), QStringLiteral("-CAkey"), file("ca.key"),
-                QStringLiteral("-CAcreateserial"), QStringLiteral("-out"), file("int.pem"), QStringLiteral("-days"),
-                QStringLiteral("2"), QStringLiteral("-extfile"), file("int.ext")},
-               &error_) &&
-           Run(openssl,
-               QStringList{QStringLiteral("req")} + key +
-                   QStringList{QStringLiteral("-keyout"), file("srv.key"), QStringLiteral("-out"), file("srv.csr"),
-                               QStringLiteral("-subj"), QStringLiteral("/CN=tgftp.nws.noaa.gov")},
-               &error_) &&
-           Run(openssl,
-               {QStringLiteral("x509"), QStringLiteral("-req"), QStringLiteral("-in"), file("srv.csr"),
-                QStringLiteral("-CA"), file("int.pem"), QStringLiteral("-CAkey"), file("int.key"),
-                QStringLiteral("-CAcreateserial"), QStringLiteral("-out"), file("srv.pem"), QStringLiteral("-days"),
-                QStringLiteral("2"), QStringLiteral("-extfile"), file("srv.ext")},
-               &error_) &&
-           Run(openssl,
-               QStringList{QStringLiteral("req"), QStringLiteral("-x509")} + key +
-                   QStringList{QStringLiteral("-keyout"), file("self.key"), QStringLiteral("-out"), file("self.pem"),
-                               QStringLiteral("-days"), QStringLiteral("2"), QStringLiteral("-subj"),
-                               QStringLiteral("/CN=tgftp.nws.noaa.gov"), QStringLiteral("-addext"),
-                               QStringLiteral("subjectAltName=DNS:tgftp.nws.noaa.gov,DNS:api.met.no")},
-               &error_) &&
-           Run(QStringLiteral("sh"), {QStringLiteral("-c"), QStringLiteral("cat srv.pem int.pem > chain.pem")}, &error_,
-               folder);
+    const char* script = R"(set -e
+key="-newkey ec -pkeyopt ec_paramgen_curve:prime256v1 -nodes"
+printf 'basicConstraints=critical,CA:TRUE,pathlen:0\nkeyUsage=critical,keyCertSign,cRLSign\n' >int.ext
+printf 'subjectAltName=DNS:tgftp.nws.noaa.gov,DNS:api.met.no\nextendedKeyUsage=serverAuth\n' >srv.ext
+openssl req -x509 $key -keyout ca.key -out ca.pem -days 2 -subj "/CN=Skelda tests root" \
+    -addext basicConstraints=critical,CA:TRUE -addext keyUsage=critical,keyCertSign,cRLSign
+openssl req $key -keyout int.key -out int.csr -subj "/CN=Skelda tests intermediate"
+openssl x509 -req -in int.csr -CA ca.pem -CAkey ca.key -CAcreateserial -out int.pem -days 2 -extfile int.ext
+openssl req $key -keyout srv.key -out srv.csr -subj /CN=tgftp.nws.noaa.gov
+openssl x509 -req -in srv.csr -CA int.pem -CAkey int.key -CAcreateserial -out srv.pem -days 2 -extfile srv.ext
+openssl req -x509 $key -keyout self.key -out self.pem -days 2 -subj /CN=tgftp.nws.noaa.gov \
+    -addext subjectAltName=DNS:tgftp.nws.noaa.gov,DNS:api.met.no
+cat srv.pem int.pem >chain.pem
+)";
+    return Run(QStringLiteral("sh"), {QStringLiteral("-c"), QLatin1String(script)}, &error_, folder);
 }
 
 bool GatewayWorld::StartSources() {
