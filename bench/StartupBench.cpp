@@ -12,25 +12,25 @@
 //
 // The list of days under the chart, which the start runs and the poll cycle runs again every hour,
 // is timed in this process too: RemplirDates on the loaded main window, and its query alone.
-#include "Acquisition.h"
 #include "Dao.h"
 #include "Form1.h"
 #include "Forms.h"
 #include "FrmIcone.h"
 #include "GuiBenchmarks.h"
+#include "ProvideForms.h"
+#include "RunFolder.h"
 #include "RunTime.h"
 #include "Seams.h"
 #include "SeedDatabase.h"
 #include "SyntheticStore.h"
+#include "TestServices.h"
 
 #include <benchmark/benchmark.h>
 #include <spawn.h>
 #include <sys/wait.h>
 
 #include <QApplication>
-#include <QDir>
 #include <QFileInfo>
-#include <QImage>
 #include <QTemporaryDir>
 #include <QWidget>
 
@@ -64,9 +64,7 @@ int StartSkelda(int argc, char** argv, const QString& folder) {
     Services services{clock, random, boxes, guard, {}, {}, {}, folder};
     UpgradeDatabase(folder + QStringLiteral("/database.mdb"), DatabaseSchema());
     Forms forms(services);
-    forms.Provide<Form1>(&LoadForm1WithPollCycle);
-    forms.Provide<FrmIcone>(&FrmIcone::Load);
-    forms.ProvideAs<TrayForm, FrmIcone>();
+    ProvideForms(forms);
     QMetaObject::invokeMethod(
         &app,
         [&] {
@@ -95,38 +93,24 @@ int StartBare(int argc, char** argv) {
 // --- The parent --------------------------------------------------------------------------------
 
 // The store and the folder the children run in (log/ and Images/), made once.
-class Station {
+class Station : public bench::SharedSetUp<Station> {
+    friend class bench::SharedSetUp<Station>;
+
 public:
-    static Station& Instance() {
-        if (!instance) instance.reset(new Station);
-        return *instance;
-    }
-    static void Close() { instance.reset(); }
     QString Folder() const { return store_.path(); }
     Form1& form() { return forms_.Get<Form1>(); }
 
 private:
     Station() {
         bench::CreateSyntheticStore(store_.filePath(QStringLiteral("database.mdb")), kFirstDay, kDays);
-        QDir::setCurrent(run_.path());
-        QDir().mkpath(QStringLiteral("log"));
-        QDir().mkpath(QStringLiteral("Images"));
-        QImage picture(150, 100, QImage::Format_RGB888);
-        picture.fill(QColor(90, 140, 200));
-        picture.save(QStringLiteral("Images/METEO2.BMP"), "BMP");
         forms_.Provide<Form1>(&Form1::Load);
     }
 
-    static inline std::unique_ptr<Station> instance;
-
     QTemporaryDir store_;
-    QTemporaryDir run_;
-    SystemClock clock_;
-    SystemRandom random_;
-    test::RecordingBoxes boxes_;
-    RunTimeGuard guard_{boxes_, [](int) {}};
-    Services services_{clock_, random_, boxes_, guard_, {}, {}, {}, store_.path()};
-    Forms forms_{services_};
+    test::RunFolder run_{test::RunFolder::LogAndImages, QColor(90, 140, 200)};
+    // Today's date, which the load reads; the time stands still, which nothing measured here sees.
+    test::TestServices seams_{QDateTime::currentDateTime(), store_.path()};
+    Forms forms_{seams_.services};
 };
 
 QByteArray self;  // this program's path, for the children
