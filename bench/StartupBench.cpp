@@ -108,7 +108,8 @@ private:
 
     QTemporaryDir store_;
     test::RunFolder run_{test::RunFolder::LogAndImages, QColor(90, 140, 200)};
-    // Today's date, which the load reads; the time stands still, which nothing measured here sees.
+    // The clock stands still at the start of the run, on the system's day: nothing measured here
+    // depends on the time moving.
     test::TestServices seams_{QDateTime::currentDateTime(), store_.path()};
     Forms forms_{seams_.services};
 };
