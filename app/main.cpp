@@ -3,22 +3,16 @@
 // main builds the production services and the forms' meeting place, loads the start form (which
 // loads the main window first), shows it as the start-up screen and runs the event loop. The run
 // ends only through the tray menu's Quit, or after a run-time error box.
-#include "Acquisition.h"
-#include "AeroportsConfig.h"
 #include "Application.h"
 #include "Artwork.h"
-#include "ForecastForm.h"
-#include "Form1.h"
-#include "FormMetaf.h"
 #include "Forms.h"
 #include "FrmIcone.h"
+#include "ProvideForms.h"
 #include "RunTime.h"
 #include "ScreenMessageBoxes.h"
 #include "SeedDatabase.h"
 #include "Servers.h"
 #include "StartUpPicture.h"
-#include "StatistiqueMensuelle.h"
-#include "ajoutareoports.h"
 
 #include <QDir>
 #include <QStringList>
@@ -74,15 +68,7 @@ int main(int argc, char* argv[]) {
         picture->ShowNow();
     });
     Forms forms(services);
-    forms.Provide<Form1>(&LoadForm1WithPollCycle);
-    forms.Provide<FrmIcone>(&FrmIcone::Load);
-    forms.ProvideAs<TrayForm, FrmIcone>();
-    forms.Provide<FormMetaf>([](Forms& f) { return new FormMetaf(f.services()); });
-    forms.ProvideAs<PollingForm, Form1>();
-    forms.Provide<AeroportsConfig>(&AeroportsConfig::Load);
-    forms.Provide<ajoutareoports>(&ajoutareoports::Load);
-    forms.Provide<StatistiqueMensuelle>(&StatistiqueMensuelle::Load);
-    ProvideForecastForms(forms);
+    ProvideForms(forms);
 
     // The start form: its load loads Form1 (log, database, first chart) and adds the icon. A
     // failure there (a missing database, say) is a run-time error, shown by the box of the

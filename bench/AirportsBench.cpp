@@ -6,16 +6,14 @@
 #include "Form1.h"
 #include "Forms.h"
 #include "GuiBenchmarks.h"
-#include "RunTime.h"
-#include "Seams.h"
+#include "RunFolder.h"
 #include "SeedDatabase.h"
+#include "TestServices.h"
 
 #include <benchmark/benchmark.h>
 
 #include <QCoreApplication>
-#include <QDir>
 #include <QFile>
-#include <QImage>
 #include <QTemporaryDir>
 
 #include <memory>
@@ -27,15 +25,10 @@ namespace {
 
 // The delivered database in a temporary folder, the folder the program runs in, and the loaded
 // main window.
-class Station {
-public:
-    static Station& Instance() {
-        if (!instance) instance.reset(new Station);
-        return *instance;
-    }
-    // The windows go before the application does.
-    static void Close() { instance.reset(); }
+class Station : public bench::SharedSetUp<Station> {
+    friend class bench::SharedSetUp<Station>;
 
+public:
     Forms& forms() { return forms_; }
     int airports = 0;
 
@@ -51,29 +44,18 @@ private:
             throw std::runtime_error(error.toStdString());
         airports = int(rows.size());
 
-        QDir::setCurrent(run_.path());
-        QDir().mkpath(QStringLiteral("log"));
-        QDir().mkpath(QStringLiteral("Images"));
-        QImage picture(150, 100, QImage::Format_RGB888);
-        picture.fill(QColor(90, 140, 200));
-        picture.save(QStringLiteral("Images/METEO2.BMP"), "BMP");
-
         forms_.Provide<Form1>(&Form1::Load);
         forms_.ProvideAs<PollingForm, Form1>();
         forms_.Provide<AeroportsConfig>(&AeroportsConfig::Load);
         forms_.Get<Form1>();
     }
 
-    static inline std::unique_ptr<Station> instance;
-
     QTemporaryDir store_;
-    QTemporaryDir run_;
-    SystemClock clock_;
-    SystemRandom random_;
-    test::RecordingBoxes boxes_;
-    RunTimeGuard guard_{boxes_, [](int) {}};
-    Services services_{clock_, random_, boxes_, guard_, {}, {}, {}, store_.path()};
-    Forms forms_{services_};
+    test::RunFolder run_{test::RunFolder::LogAndImages, QColor(90, 140, 200)};
+    // The clock stands still at the start of the run, on the system's day: nothing measured here
+    // depends on the time moving.
+    test::TestServices seams_{QDateTime::currentDateTime(), store_.path()};
+    Forms forms_{seams_.services};
 };
 
 // The form that unloaded itself goes for good, outside the time measured.

@@ -9,8 +9,7 @@
 #include "Forms.h"
 #include "GuiBenchmarks.h"
 #include "HiddenTextBox.h"
-#include "RunTime.h"
-#include "Seams.h"
+#include "TestServices.h"
 
 #include <benchmark/benchmark.h>
 
@@ -46,12 +45,8 @@ QString PageDe40Ko() {
 }
 
 struct Banc {
-    test::RecordingBoxes boxes;
-    FixedClock clock{QDateTime(QDate(2004, 11, 2), QTime(10, 5))};
-    test::ScriptedRandom random;
-    RunTimeGuard guard{boxes, [](int) {}};
-    Services services{clock, random, boxes, guard, {}, {}, {}, QString()};
-    Forms forms{services};
+    test::TestServices seams{QDateTime(QDate(2004, 11, 2), QTime(10, 5)), QString()};
+    Forms forms{seams.services};
     Banc() { ProvideForecastForms(forms); }
 };
 

@@ -10,9 +10,6 @@
 #include <benchmark/benchmark.h>
 
 #include <QApplication>
-#include <QDir>
-#include <QFile>
-#include <QImage>
 #include <QTemporaryDir>
 #include <memory>
 #include <stdexcept>
@@ -22,9 +19,9 @@
 #include "Forms.h"
 #include "FrmIcone.h"
 #include "GuiBenchmarks.h"
-#include "RunTime.h"
-#include "Seams.h"
+#include "RunFolder.h"
 #include "SyntheticStore.h"
+#include "TestServices.h"
 
 using namespace skelda;
 
@@ -32,12 +29,6 @@ namespace {
 
 const QDate kFirstDay(1994, 12, 1);
 const QDate kLastDay(2004, 11, 30);
-
-int LogCount(const QString& line) {
-    QFile log(QStringLiteral("log/log.txt"));
-    if (!log.open(QIODevice::ReadOnly)) return -1;
-    return int(QString::fromUtf8(log.readAll()).count(line));
-}
 
 // A station file for airport 1 (LF01) at a minute the store has none of, so that each one is a
 // new observation: day 1 to 28 of the clock's month, every hour, minutes 1 to 29 and 31 to 59.
@@ -55,27 +46,16 @@ QString StationFile(int n) {
 }
 
 // The store, the folder the program runs in (log/ and Images/), and the loaded main window.
-class Station {
+class Station : public bench::SharedSetUp<Station> {
+    friend class bench::SharedSetUp<Station>;
+
 public:
-    static Station& Instance() {
-        if (!instance) instance.reset(new Station);
-        return *instance;
-    }
-    // The windows go before the application does.
-    static void Close() { instance.reset(); }
     Form1& form() { return forms_.Get<Form1>(); }
     QString Database() const { return store_.filePath(QStringLiteral("database.mdb")); }
 
 private:
     Station() {
         bench::CreateSyntheticStore(Database(), kFirstDay, int(kFirstDay.daysTo(kLastDay)) + 1);
-
-        QDir::setCurrent(run_.path());
-        QDir().mkpath(QStringLiteral("log"));
-        QDir().mkpath(QStringLiteral("Images"));
-        QImage picture(150, 100, QImage::Format_RGB888);
-        picture.fill(QColor(90, 140, 200));
-        picture.save(QStringLiteral("Images/METEO2.BMP"), "BMP");
 
         forms_.Provide<Form1>(&LoadForm1WithPollCycle);
         // Only the tray form's caption is written: it is built, not loaded (no icon).
@@ -84,16 +64,10 @@ private:
         form();
     }
 
-    static inline std::unique_ptr<Station> instance;
-
     QTemporaryDir store_;
-    QTemporaryDir run_;
-    FixedClock clock_{QDateTime(QDate(2004, 11, 30), QTime(12, 0))};
-    test::ScriptedRandom random_;
-    test::RecordingBoxes boxes_;
-    RunTimeGuard guard_{boxes_, [](int) {}};
-    Services services_{clock_, random_, boxes_, guard_, {}, {}, {}, store_.path()};
-    Forms forms_{services_};
+    test::RunFolder run_{test::RunFolder::LogAndImages, QColor(90, 140, 200)};
+    test::TestServices seams_{QDateTime(QDate(2004, 11, 30), QTime(12, 0)), store_.path()};
+    Forms forms_{seams_.services};
 };
 
 void BM_MakeStore(benchmark::State& state) {
@@ -109,7 +83,8 @@ void BM_IngestionNewRow(benchmark::State& state) {
         IngererReponse(form, reply);
     }
     // Every reception must have been a new row, or the figure would be another path's.
-    if (LogCount(QStringLiteral("New Metaf Recorded ")) != n) state.SkipWithError("a reception stored no new row");
+    if (test::LogCount(QStringLiteral("New Metaf Recorded ")) != n)
+        state.SkipWithError("a reception stored no new row");
     state.counters["rows"] = n;
 }
 

@@ -10,15 +10,13 @@
 #include "Forms.h"
 #include "GuiBenchmarks.h"
 #include "RecordingSurface.h"
-#include "RunTime.h"
-#include "Seams.h"
+#include "RunFolder.h"
 #include "SyntheticStore.h"
+#include "TestServices.h"
 
 #include <benchmark/benchmark.h>
 
 #include <QApplication>
-#include <QDir>
-#include <QImage>
 #include <QSignalBlocker>
 #include <QTemporaryDir>
 
@@ -33,16 +31,13 @@ constexpr int kAirports = bench::kStoreAirports;
 constexpr int kPerDay = bench::kStorePerDay;
 constexpr int kDays = 3652;
 const QDate kFirstDay(1996, 1, 1);
+const QColor kPicture(90, 140, 200);  // of every airport's picture
 
 // The store, the folder the program runs in (log/ and Images/), and the loaded main window.
-class Station {
+class Station : public bench::SharedSetUp<Station> {
+    friend class bench::SharedSetUp<Station>;
+
 public:
-    static Station& Instance() {
-        if (!instance) instance.reset(new Station);
-        return *instance;
-    }
-    // The window goes before the application does.
-    static void Close() { instance.reset(); }
     Form1& form() { return forms_.Get<Form1>(); }
 
     // Selects the airport and day of iteration N without raising the lists' clicks.
@@ -58,30 +53,19 @@ private:
     Station() {
         const QString path = store_.filePath(QStringLiteral("database.mdb"));
         bench::CreateSyntheticStore(path, kFirstDay, kDays);
-
-        QDir::setCurrent(run_.path());
-        QDir().mkpath(QStringLiteral("log"));
-        QDir().mkpath(QStringLiteral("Images"));
-        QImage picture(150, 100, QImage::Format_RGB888);
-        picture.fill(QColor(90, 140, 200));
-        picture.save(QStringLiteral("Images/METEO2.BMP"), "BMP");
         for (int a = 1; a <= kAirports; ++a)
-            picture.save(QStringLiteral("Images/LF%1.BMP").arg(a, 2, 10, QLatin1Char('0')), "BMP");
+            test::SavePicture(QStringLiteral("Images/LF%1.BMP").arg(a, 2, 10, QLatin1Char('0')), kPicture);
 
         forms_.Provide<Form1>(&Form1::Load);
         form();
     }
 
-    static inline std::unique_ptr<Station> instance;
-
     QTemporaryDir store_;
-    QTemporaryDir run_;
-    SystemClock clock_;
-    SystemRandom random_;
-    test::RecordingBoxes boxes_;
-    RunTimeGuard guard_{boxes_, [](int) {}};
-    Services services_{clock_, random_, boxes_, guard_, {}, {}, {}, store_.path()};
-    Forms forms_{services_};
+    test::RunFolder run_{test::RunFolder::LogAndImages, kPicture};
+    // The clock stands still at the start of the run, on the system's day: nothing measured here
+    // depends on the time moving.
+    test::TestServices seams_{QDateTime::currentDateTime(), store_.path()};
+    Forms forms_{seams_.services};
 };
 
 void BM_MakeStore(benchmark::State& state) {

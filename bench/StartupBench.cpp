@@ -17,17 +17,19 @@
 //
 // The list of days under the chart, which the start runs and the poll cycle runs again every hour,
 // is timed in this process too: RemplirDates on the loaded main window, and its query alone.
-#include "Acquisition.h"
 #include "Dao.h"
 #include "Form1.h"
 #include "Forms.h"
 #include "FrmIcone.h"
 #include "GuiBenchmarks.h"
+#include "ProvideForms.h"
+#include "RunFolder.h"
 #include "RunTime.h"
 #include "Seams.h"
 #include "SeedDatabase.h"
 #include "StartUpPicture.h"
 #include "SyntheticStore.h"
+#include "TestServices.h"
 
 #include <benchmark/benchmark.h>
 #include <spawn.h>
@@ -38,7 +40,6 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QImage>
 #include <QTemporaryDir>
 #include <QWidget>
 
@@ -103,9 +104,7 @@ int StartSkelda(int argc, char** argv, const QString& folder, bool toPicture) {
     // Asked for the picture of an upgrade, a file that needed none is a failure.
     if (toPicture) std::_Exit(5);
     Forms forms(services);
-    forms.Provide<Form1>(&LoadForm1WithPollCycle);
-    forms.Provide<FrmIcone>(&FrmIcone::Load);
-    forms.ProvideAs<TrayForm, FrmIcone>();
+    ProvideForms(forms);
     QMetaObject::invokeMethod(
         &app,
         [&] {
@@ -137,13 +136,10 @@ int StartBare(int argc, char** argv) {
 // The stores and the folder the children run in (log/ and Images/), made once: ten years of
 // observations, the delivered database, and ten years in the first version's layout, of which
 // each first start takes a fresh copy.
-class Station {
+class Station : public bench::SharedSetUp<Station> {
+    friend class bench::SharedSetUp<Station>;
+
 public:
-    static Station& Instance() {
-        if (!instance) instance.reset(new Station);
-        return *instance;
-    }
-    static void Close() { instance.reset(); }
     QString Folder() const { return store_.path(); }
     QString DeliveredFolder() const { return delivered_.path(); }
     // A folder whose database.mdb is a fresh copy of the first version's ten years.
@@ -166,28 +162,18 @@ private:
             !CreateDatabase(delivered_.filePath(QStringLiteral("database.mdb")), DatabaseSchema(),
                             QString::fromUtf8(seed.readAll()), &error))
             throw std::runtime_error("the delivered database can't be made: " + error.toStdString());
-        QDir::setCurrent(run_.path());
-        QDir().mkpath(QStringLiteral("log"));
-        QDir().mkpath(QStringLiteral("Images"));
-        QImage picture(150, 100, QImage::Format_RGB888);
-        picture.fill(QColor(90, 140, 200));
-        picture.save(QStringLiteral("Images/METEO2.BMP"), "BMP");
         forms_.Provide<Form1>(&Form1::Load);
     }
-
-    static inline std::unique_ptr<Station> instance;
 
     QTemporaryDir store_;
     QTemporaryDir delivered_;
     QTemporaryDir earlier_;
     QTemporaryDir upgrading_;
-    QTemporaryDir run_;
-    SystemClock clock_;
-    SystemRandom random_;
-    test::RecordingBoxes boxes_;
-    RunTimeGuard guard_{boxes_, [](int) {}};
-    Services services_{clock_, random_, boxes_, guard_, {}, {}, {}, store_.path()};
-    Forms forms_{services_};
+    test::RunFolder run_{test::RunFolder::LogAndImages, QColor(90, 140, 200)};
+    // The clock stands still at the start of the run, on the system's day: nothing measured here
+    // depends on the time moving.
+    test::TestServices seams_{QDateTime::currentDateTime(), store_.path()};
+    Forms forms_{seams_.services};
 };
 
 QByteArray self;  // this program's path, for the children

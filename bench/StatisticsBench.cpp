@@ -10,16 +10,16 @@
 #include "GuiBenchmarks.h"
 #include "PrinterSurface.h"
 #include "RecordingSurface.h"
-#include "RunTime.h"
-#include "Seams.h"
 #include "StatistiqueMensuelle.h"
 #include "SyntheticStore.h"
+#include "TestServices.h"
 
 #include <benchmark/benchmark.h>
 
 #include <QSignalBlocker>
 #include <QTemporaryDir>
 
+#include <algorithm>
 #include <memory>
 
 using namespace skelda;
@@ -30,27 +30,17 @@ constexpr int kAirports = bench::kStoreAirports;
 const QDate kFirstDay(1996, 1, 1);
 constexpr int kDays = 3652;
 
-// Boxes that answer Yes to the question of the report, and remember any other box.
-class YesBoxes : public MessageBoxes {
-public:
-    int MsgBox(const QString& prompt, int style, const QString&) override {
-        if (style != vbYesNo) failures.push_back(prompt);
-        return vbYes;
-    }
-    void RuntimeErrorBox(int, const QString& description) override { failures.push_back(description); }
-    std::vector<QString> failures;
-};
+class Station : public bench::SharedSetUp<Station> {
+    friend class bench::SharedSetUp<Station>;
 
-class Station {
 public:
-    static Station& Instance() {
-        if (!instance) instance.reset(new Station);
-        return *instance;
-    }
-    static void Close() { instance.reset(); }
     StatistiqueMensuelle& form() { return forms_.Get<StatistiqueMensuelle>(); }
     QString Folder() const { return store_.path(); }
-    bool Failed() const { return !boxes_.failures.empty(); }
+    // Whether any box but the report's question came: the boxes answer Yes to that one.
+    bool Failed() const {
+        const std::vector<int>& styles = seams_.boxes.styles;
+        return std::any_of(styles.begin(), styles.end(), [](int style) { return style != vbYesNo; });
+    }
 
     // Selects the airport, month and year of iteration N without raising the lists' clicks: the
     // 36 months of 2003 to 2005 in turn, every month with 28 to 31 days of observations.
@@ -71,15 +61,9 @@ private:
         form();
     }
 
-    static inline std::unique_ptr<Station> instance;
-
     QTemporaryDir store_;
-    FixedClock clock_{QDateTime(QDate(2004, 3, 20), QTime(12, 0))};
-    SystemRandom random_;
-    YesBoxes boxes_;
-    RunTimeGuard guard_{boxes_, [](int) {}};
-    Services services_{clock_, random_, boxes_, guard_, {}, {}, {}, store_.path()};
-    Forms forms_{services_};
+    test::TestServices seams_{QDateTime(QDate(2004, 3, 20), QTime(12, 0)), store_.path()};
+    Forms forms_{seams_.services};
 };
 
 void BM_MakeStore(benchmark::State& state) {

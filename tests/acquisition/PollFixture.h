@@ -5,32 +5,24 @@
 
 #include <gtest/gtest.h>
 
-#include <QDir>
-#include <QFile>
-#include <QImage>
 #include <QList>
 #include <QSignalSpy>
 #include <QTcpServer>
 #include <QTcpSocket>
-#include <QTemporaryDir>
 #include <QTest>
 #include <deque>
 #include <functional>
-#include <ostream>
 #include <vector>
 
 #include "Acquisition.h"
 #include "Form1.h"
 #include "Forms.h"
 #include "GuiApplication.h"
+#include "Loopback.h"
+#include "Printing.h"
 #include "RecordingSurface.h"
-#include "RunTime.h"
-#include "Seams.h"
-#include "TestDatabase.h"
-
-// Texts print as text when an expectation fails.
-inline void PrintTo(const QString& text, std::ostream* os) { *os << '"' << text.toStdString() << '"'; }
-inline void PrintTo(const QByteArray& bytes, std::ostream* os) { *os << '"' << bytes.toStdString() << '"'; }
+#include "RunFolder.h"
+#include "TestServices.h"
 
 namespace skelda::test {
 
@@ -158,13 +150,7 @@ inline QByteArray StationReply(const QByteArray& report, const QByteArray& stamp
 // station file gives it, with its line end.
 inline const QByteArray Bourget = "LFPB 021000Z 24013KT 9999 FEW016 12/08 Q1015 NOSIG\n";
 
-// The three airports, listed by city: London - Heathrow (idx 2) on line 0, Paris - Le Bourget
-// (idx 1, preferred) on line 1, Roissy - Charles de Gaulle (idx 3) on line 2.
-inline QList<SeedAirport> Aeroports() {
-    return {Airport(QStringLiteral("LFPB"), QStringLiteral("Paris"), QStringLiteral("Le Bourget"), true, true),
-            Airport(QStringLiteral("EGLL"), QStringLiteral("London"), QStringLiteral("Heathrow")),
-            Airport(QStringLiteral("LFPG"), QStringLiteral("Roissy"), QStringLiteral("Charles de Gaulle"))};
-}
+// The lines of the three airports of Aeroports() in List1, which lists them by city.
 inline constexpr int LigneHeathrow = 0;
 inline constexpr int LigneBourget = 1;
 inline constexpr int LigneRoissy = 2;
@@ -174,30 +160,22 @@ struct WithGuiApplication {
     WithGuiApplication() { EnsureGuiApplication(); }
 };
 
-class PollFixture : public ::testing::Test, private WithGuiApplication {
+class PollFixture : public ::testing::Test, private WithGuiApplication, protected TestStation {
 protected:
+    PollFixture() : TestStation(Aeroports(), QDateTime(QDate(2004, 11, 2), QTime(10, 5, 0))) {}
+
     void SetUp() override {
         EnsureGuiApplication();
         ASSERT_TRUE(db.IsValid());
-        ASSERT_TRUE(work.isValid());
+        ASSERT_TRUE(work.IsValid());
         ASSERT_TRUE(server.Listening());
-        previous = QDir::currentPath();
-        ASSERT_TRUE(QDir::setCurrent(work.path()));
-        ASSERT_TRUE(QDir().mkdir(QStringLiteral("log")));
-        ASSERT_TRUE(QDir().mkdir(QStringLiteral("Images")));
-        QImage picture(150, 100, QImage::Format_RGB888);
-        picture.fill(Qt::blue);
-        ASSERT_TRUE(picture.save(QStringLiteral("Images/METEO2.BMP"), "BMP"));
         services.observationServer = {QStringLiteral("127.0.0.1"), server.Port()};
         // Nobody serves the news here: the first poll's news fetch is refused at once, silently.
         services.newsServer = {QStringLiteral("127.0.0.1"), ClosedPort()};
         forms.Provide<Form1>(&LoadForm1WithPollCycle);
         ProvideTray();
     }
-    void TearDown() override {
-        forms.Unload<Form1>();
-        QDir::setCurrent(previous);
-    }
+    void TearDown() override { forms.Unload<Form1>(); }
     // How the tests of a folder provide the tray form, whose caption the ingestion writes.
     virtual void ProvideTray() {}
 
@@ -206,34 +184,10 @@ protected:
         for (int i = 0; i < times; ++i) form.T.Fire();
     }
 
-    QString LogText() const {
-        QFile f(QStringLiteral("log/log.txt"));
-        if (!f.open(QIODevice::ReadOnly)) return {};
-        return QString::fromUtf8(f.readAll());
-    }
-    int LogCount(const QString& text) const { return int(LogText().count(text)); }
-
-    // A port on which nobody listens: a connection to it is refused.
-    static quint16 ClosedPort() {
-        QTcpServer probe;
-        probe.listen(QHostAddress::LocalHost, 0);
-        const quint16 port = probe.serverPort();
-        probe.close();
-        return port;
-    }
-
-    TestDatabase db{Aeroports()};
-    QTemporaryDir work;
-    QString previous;
-    FixedClock clock{QDateTime(QDate(2004, 11, 2), QTime(10, 5, 0))};
-    ScriptedRandom random;
-    RecordingBoxes boxes;
+    // The folder the program runs in, with log/ and Images/.
+    RunFolder work{RunFolder::LogAndImages};
     ObservationServer server;
     RecordingSurface recording;
-    // A failure that no handler catches ends here, in the box, instead of ending the test program.
-    std::vector<int> runTimeEnds;
-    RunTimeGuard guard{boxes, [this](int number) { runTimeEnds.push_back(number); }};
-    Services services{clock, random, boxes, guard, {}, {}, {}, db.Folder()};
     Forms forms{services};
 };
 

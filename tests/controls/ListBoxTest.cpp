@@ -5,6 +5,7 @@
 
 #include "Failures.h"
 #include "GuiApplication.h"
+#include "Printing.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -12,10 +13,6 @@
 #include <gtest/gtest.h>
 
 #include <memory>
-#include <ostream>
-
-// Texts print as text when an expectation fails.
-inline void PrintTo(const QString& text, std::ostream* os) { *os << '"' << text.toStdString() << '"'; }
 
 using namespace skelda;
 

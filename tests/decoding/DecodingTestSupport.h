@@ -3,6 +3,7 @@
 
 #include "Bulletin.h"
 #include "Clock.h"
+#include "Printing.h"
 
 #include <QDate>
 #include <QDateTime>
@@ -10,9 +11,6 @@
 #include <QTime>
 
 #include <ostream>
-
-// Texts print as text, not as bytes, when an expectation fails.
-inline void PrintTo(const QString& text, std::ostream* os) { *os << '"' << text.toStdString() << '"'; }
 
 namespace skelda {
 

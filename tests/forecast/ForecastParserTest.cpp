@@ -3,15 +3,12 @@
 
 #include <QMap>
 
-#include <ostream>
 #include <stdexcept>
 
 #include "Failures.h"
 #include "ForecastPages.h"
 #include "ForecastParser.h"
-
-// Texts print as text when an expectation fails.
-inline void PrintTo(const QString& text, std::ostream* os) { *os << '"' << text.toStdString() << '"'; }
+#include "Printing.h"
 
 using namespace skelda;
 using namespace skelda::test;

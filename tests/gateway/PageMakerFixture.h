@@ -19,14 +19,7 @@
 #include "ForecastParser.h"
 #include "PageMaker.h"
 #include "Places.h"
-
-// Lists of texts print as texts when an expectation fails (PageMakerPrinting.h does it for one
-// text, which the poll cycle's fixture also does).
-inline void PrintTo(const QStringList& texts, std::ostream* os) {
-    *os << '{';
-    for (const QString& text : texts) *os << '"' << text.toStdString() << "\" ";
-    *os << '}';
-}
+#include "Printing.h"
 
 namespace skelda::test {
 

@@ -1,7 +1,6 @@
 // skelda-forecast-page run as the gateway runs it: a process with the CGI environment, its source
 // a stand-in on a Unix socket of the test's own.
 #include "PageMakerFixture.h"
-#include "PageMakerPrinting.h"
 
 #include <QElapsedTimer>
 #include <QLocalServer>

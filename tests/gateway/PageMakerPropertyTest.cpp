@@ -1,7 +1,6 @@
 // A thousand random forecasts, for random airports at random times: no page the forecast's own
 // reader fails on or loops on, and on every forecast page each temperature converted as written.
 #include "PageMakerFixture.h"
-#include "PageMakerPrinting.h"
 
 #include <QRegularExpression>
 

@@ -2,7 +2,6 @@
 // every page goes through the forecast's own reader, which must give six blocks, each with its
 // heading and its temperature converted as intended, and never a run-time error.
 #include "PageMakerFixture.h"
-#include "PageMakerPrinting.h"
 
 using namespace skelda;
 using namespace skelda::test;

@@ -1,7 +1,6 @@
 // The pieces of a forecast page: the sentences, the periods, the symbols, the places and codes,
 // and the pages that have no forecast.
 #include "PageMakerFixture.h"
-#include "PageMakerPrinting.h"
 
 #include <QFile>
 

@@ -9,9 +9,11 @@
 
 #include "Failure.h"
 #include "GuiApplication.h"
+#include "Loopback.h"
 #include "Winsock.h"
 
 using namespace skelda;
+using skelda::test::ClosedPort;
 
 namespace {
 
@@ -63,14 +65,6 @@ private:
     std::vector<QByteArray> received_;
     std::vector<bool> answered_;
 };
-
-quint16 PortWithNobodyListening() {
-    QTcpServer probe;
-    probe.listen(QHostAddress::LocalHost, 0);
-    const quint16 port = probe.serverPort();
-    probe.close();
-    return port;
-}
 
 // Whether this user may bind the port at all (an ordinary user may not bind one below 1024).
 bool MayBind(quint16 port) {
@@ -154,7 +148,7 @@ TEST_F(WinsockTest, WhatWasSentBeforeTheServerClosedCanStillBeRead) {
 }
 
 TEST_F(WinsockTest, ARefusedConnectionRaisesErrorAfterConnectHasReturned) {
-    Aim(w, 0, PortWithNobodyListening());
+    Aim(w, 0, ClosedPort());
     QSignalSpy errors(&w, &Winsock::Error);
     QSignalSpy connected(&w, &Winsock::connected);
     w.Connect();
@@ -246,7 +240,7 @@ TEST_F(WinsockTest, HandlersMaySendCloseAndConnectAgain) {
     EXPECT_EQ(w.State(), sckClosed);
     w.Connect();
     ASSERT_TRUE(QTest::qWaitFor([&] { return got.size() == 2; }, Patience));
-    Aim(w, 0, PortWithNobodyListening());
+    Aim(w, 0, ClosedPort());
     w.Connect();
     ASSERT_TRUE(QTest::qWaitFor([&] { return errors == 1; }, Patience));
     EXPECT_EQ(w.State(), sckClosed);
@@ -255,7 +249,7 @@ TEST_F(WinsockTest, HandlersMaySendCloseAndConnectAgain) {
 
 TEST_F(WinsockTest, CloseWhileConnectingRaisesNeitherConnectNorError) {
     Winsock refused, abandoned;
-    const quint16 nobody = PortWithNobodyListening();
+    const quint16 nobody = ClosedPort();
     Aim(abandoned, 0, nobody);
     Aim(refused, 0, nobody);
     QSignalSpy abandonedErrors(&abandoned, &Winsock::Error);

@@ -7,24 +7,15 @@
 #include "Form1.h"
 #include "Forms.h"
 #include "GuiApplication.h"
+#include "Loopback.h"
+#include "Printing.h"
 #include "RecordingSurface.h"
-#include "RunTime.h"
-#include "Seams.h"
-#include "TestDatabase.h"
+#include "RunFolder.h"
+#include "TestServices.h"
 
 #include <QColor>
-#include <QDir>
-#include <QFile>
-#include <QImage>
-#include <QTcpServer>
-#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
-
-#include <ostream>
-
-// Texts print as text when an expectation fails.
-inline void PrintTo(const QString& text, std::ostream* os) { *os << '"' << text.toStdString() << '"'; }
 
 namespace skelda::test {
 
@@ -51,45 +42,31 @@ inline TestObservation Releve(int numero, int heure, int minute, int noeuds = 10
     return row;
 }
 
-// The three airports of the tests, listed by city: London - Heathrow (idx 2) first, then
-// Paris - Le Bourget (idx 1, the preferred one), then Roissy - Charles de Gaulle (idx 3).
-inline QList<SeedAirport> Aeroports() {
-    return {Airport(QStringLiteral("LFPB"), QStringLiteral("Paris"), QStringLiteral("Le Bourget"), true, true),
-            Airport(QStringLiteral("EGLL"), QStringLiteral("London"), QStringLiteral("Heathrow")),
-            Airport(QStringLiteral("LFPG"), QStringLiteral("Roissy"), QStringLiteral("Charles de Gaulle"))};
-}
+// The idx of two of the three airports of Aeroports(), and their lines in List1.
 inline constexpr int LeBourget = 1;
 inline constexpr int Heathrow = 2;
 inline constexpr int LigneLeBourget = 1;  // its line in List1
 inline constexpr int LigneHeathrow = 0;
 
 inline void SaveBitmap(const QString& path, QColor colour, QSize size = QSize(150, 100)) {
-    QImage image(size, QImage::Format_RGB888);
-    image.fill(colour);
-    ASSERT_TRUE(image.save(path, "BMP")) << path.toStdString();
+    ASSERT_TRUE(SavePicture(path, colour, size)) << path.toStdString();
 }
 
-class MainWindow : public ::testing::Test {
+class MainWindow : public ::testing::Test, protected TestStation {
 protected:
+    MainWindow() : TestStation(Aeroports(), QDateTime(QDate(2004, 11, 20), QTime(15, 7, 9))) {}
+
     void SetUp() override {
         EnsureGuiApplication();
         ASSERT_TRUE(db.IsValid());
-        ASSERT_TRUE(work.isValid());
-        previous = QDir::currentPath();
-        ASSERT_TRUE(QDir::setCurrent(work.path()));
-        QDir().mkdir(QStringLiteral("log"));
-        QDir().mkdir(QStringLiteral("Images"));
-        SaveBitmap(QStringLiteral("Images/METEO2.BMP"), Qt::blue);
+        ASSERT_TRUE(work.IsValid());
         // Form1 as the program loads it, with its poll cycle wired. Nobody serves here: a poll's
         // connection and the first poll's news fetch are refused at once, silently.
         services.observationServer = {QStringLiteral("127.0.0.1"), ClosedPort()};
         services.newsServer = {QStringLiteral("127.0.0.1"), ClosedPort()};
         forms.Provide<Form1>(&LoadForm1WithPollCycle);
     }
-    void TearDown() override {
-        forms.Unload<Form1>();
-        QDir::setCurrent(previous);
-    }
+    void TearDown() override { forms.Unload<Form1>(); }
 
     // The shared Form1, loaded now if it isn't: its Form_Load runs on the database as it stands.
     Form1& Form() { return forms.Get<Form1>(); }
@@ -107,32 +84,8 @@ protected:
         form.TracerCourbe();
     }
 
-    QString LogText() const {
-        QFile f(QStringLiteral("log/log.txt"));
-        if (!f.open(QIODevice::ReadOnly)) return {};
-        return QString::fromUtf8(f.readAll());
-    }
-    int LogCount(const QString& line) const { return int(LogText().count(line)); }
-
-    // A port on which nobody listens: a connection to it is refused.
-    static quint16 ClosedPort() {
-        QTcpServer probe;
-        probe.listen(QHostAddress::LocalHost, 0);
-        const quint16 port = probe.serverPort();
-        probe.close();
-        return port;
-    }
-
-    TestDatabase db{Aeroports()};
-    QTemporaryDir work;
-    QString previous;
-    FixedClock clock{QDateTime(QDate(2004, 11, 20), QTime(15, 7, 9))};
-    ScriptedRandom random;
-    RecordingBoxes boxes;
-    // A failure that no handler catches ends here, in the box, instead of ending the test program.
-    std::vector<int> runTimeEnds;
-    RunTimeGuard guard{boxes, [this](int number) { runTimeEnds.push_back(number); }};
-    Services services{clock, random, boxes, guard, {}, {}, {}, db.Folder()};
+    // The folder the program runs in, with log/ and Images/.
+    RunFolder work{RunFolder::LogAndImages};
     Forms forms{services};
     RecordingSurface recording;
 };

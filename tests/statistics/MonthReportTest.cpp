@@ -45,7 +45,7 @@ protected:
         return f;
     }
     void Print(StatistiqueMensuelle& f) {
-        boxes.shown.clear();
+        boxes.Clear();
         f.MenuStatImprimer->trigger();
     }
     std::vector<DrawCall> LinesIn(Color colour) const {
@@ -71,9 +71,9 @@ TEST_F(MonthReport, TheQuestionComesFirstAndNoPrintsNothing) {
     boxes.answers = {vbNo};
     Print(f);
     ASSERT_EQ(boxes.shown.size(), 1u);
-    EXPECT_EQ(boxes.shown[0].prompt, QStringLiteral("Tu veux imprimer le relevé ?"));
-    EXPECT_EQ(boxes.shown[0].title, QStringLiteral("Question"));
-    EXPECT_EQ(boxes.shown[0].style & 0x0f, vbYesNo);
+    EXPECT_EQ(boxes.shown[0], QStringLiteral("Tu veux imprimer le relevé ?"));
+    EXPECT_EQ(boxes.titles[0], QStringLiteral("Question"));
+    EXPECT_EQ(boxes.styles[0] & 0x0f, vbYesNo);
     EXPECT_EQ(pagesMade, 0);
     EXPECT_TRUE(runTimeEnds.empty());
 }
@@ -216,9 +216,9 @@ TEST_F(MonthReport, FiftyFourKnotsDropThePageWithTheBox) {
     EXPECT_EQ(page->Count(DrawOp::EndDoc), 0);
     EXPECT_EQ(page->Count(DrawOp::KillDoc), 1);
     ASSERT_EQ(boxes.shown.size(), 2u);
-    EXPECT_EQ(boxes.shown[1].prompt, QStringLiteral("Impossible d'imprimer ") + ErrorDescription(SubscriptOutOfRange));
-    EXPECT_EQ(boxes.shown[1].title, QStringLiteral("Oups !"));
-    EXPECT_EQ(boxes.shown[1].style, vbCritical);
+    EXPECT_EQ(boxes.shown[1], QStringLiteral("Impossible d'imprimer ") + ErrorDescription(SubscriptOutOfRange));
+    EXPECT_EQ(boxes.titles[1], QStringLiteral("Oups !"));
+    EXPECT_EQ(boxes.styles[1], vbCritical);
     EXPECT_TRUE(runTimeEnds.empty());
     // The handles were given up unclosed.
     EXPECT_TRUE(f.JeuMois.IsNothing());
@@ -246,7 +246,7 @@ TEST_F(MonthReport, ANullMaximumEndsTheWholeJobWhenTheWindIsChecked) {
     EXPECT_EQ(page->Count(DrawOp::EndDoc), 0);
     EXPECT_EQ(page->Count(DrawOp::KillDoc), 1);
     ASSERT_EQ(boxes.shown.size(), 2u);
-    EXPECT_EQ(boxes.shown[1].prompt, QStringLiteral("Impossible d'imprimer ") + ErrorDescription(InvalidUseOfNull));
+    EXPECT_EQ(boxes.shown[1], QStringLiteral("Impossible d'imprimer ") + ErrorDescription(InvalidUseOfNull));
     // Without the wind block the same row prints.
     f.CheckCourbe.at(3)->SetValue(0);
     Print(f);
@@ -272,8 +272,8 @@ TEST_F(MonthReport, ADayWhosePeakIsAVariableWindEndsTheWholeJobAtItsArrow) {
     EXPECT_EQ(page->Count(DrawOp::EndDoc), 0);
     EXPECT_EQ(page->Count(DrawOp::KillDoc), 1);
     ASSERT_EQ(boxes.shown.size(), 2u);
-    EXPECT_EQ(boxes.shown[1].prompt, QStringLiteral("Impossible d'imprimer Invalid use of Null"));
-    EXPECT_EQ(boxes.shown[1].title, QStringLiteral("Oups !"));
+    EXPECT_EQ(boxes.shown[1], QStringLiteral("Impossible d'imprimer Invalid use of Null"));
+    EXPECT_EQ(boxes.titles[1], QStringLiteral("Oups !"));
 }
 
 TEST_F(MonthReport, TheSelectedYearIsPrintedEvenIfTheScreenShowsAnother) {
@@ -294,7 +294,7 @@ TEST_F(MonthReport, AMissingDatabaseDropsThePage) {
     EXPECT_EQ(page->Count(DrawOp::EndDoc), 0);
     EXPECT_EQ(page->Count(DrawOp::KillDoc), 1);
     ASSERT_EQ(boxes.shown.size(), 2u);
-    EXPECT_TRUE(boxes.shown[1].prompt.startsWith(QStringLiteral("Impossible d'imprimer Could not find file")));
+    EXPECT_TRUE(boxes.shown[1].startsWith(QStringLiteral("Impossible d'imprimer Could not find file")));
 }
 
 // ---- On a real printer
@@ -306,7 +306,7 @@ TEST_F(MonthReport, APrinterThatRefusesTheJobEndsInTheBoxAndNothingIsPrinted) {
     f.Printer = [&] { return std::make_shared<PrinterSurface>(nowhere); };
     Print(f);
     ASSERT_EQ(boxes.shown.size(), 2u);
-    EXPECT_EQ(boxes.shown[1].prompt, QStringLiteral("Impossible d'imprimer ") + ErrorDescription(PrinterError));
+    EXPECT_EQ(boxes.shown[1], QStringLiteral("Impossible d'imprimer ") + ErrorDescription(PrinterError));
     EXPECT_FALSE(QFile::exists(nowhere));
 }
 

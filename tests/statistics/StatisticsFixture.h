@@ -4,55 +4,20 @@
 
 #include "Forms.h"
 #include "GuiApplication.h"
+#include "Printing.h"
 #include "RecordingSurface.h"
-#include "RunTime.h"
-#include "Seams.h"
 #include "StatistiqueMensuelle.h"
-#include "TestDatabase.h"
+#include "TestServices.h"
 
 #include <QCoreApplication>
-#include <QDir>
-#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
-#include <deque>
 #include <memory>
-#include <ostream>
-
-inline void PrintTo(const QString& text, std::ostream* os) { *os << '"' << text.toStdString() << '"'; }
 
 namespace skelda::test {
 
-// Boxes that give the answers they were told (then Yes), and remember prompt, style and title.
-class AnsweringBoxes : public MessageBoxes {
-public:
-    struct Shown {
-        QString prompt;
-        int style;
-        QString title;
-    };
-    int MsgBox(const QString& prompt, int style, const QString& title) override {
-        shown.push_back({prompt, style, title});
-        if (answers.empty()) return vbYes;
-        const int answer = answers.front();
-        answers.pop_front();
-        return answer;
-    }
-    void RuntimeErrorBox(int number, const QString& description) override {
-        shown.push_back({QStringLiteral("Run-time error '%1': %2").arg(number).arg(description), 0, {}});
-    }
-    std::deque<int> answers;
-    std::vector<Shown> shown;
-};
-
-// The three airports, listed by city: London - Heathrow (idx 2), Paris - Le Bourget (idx 1, the
-// preferred one), Roissy - Charles de Gaulle (idx 3).
-inline QList<SeedAirport> StatAirports() {
-    return {Airport(QStringLiteral("LFPB"), QStringLiteral("Paris"), QStringLiteral("Le Bourget"), true, true),
-            Airport(QStringLiteral("EGLL"), QStringLiteral("London"), QStringLiteral("Heathrow")),
-            Airport(QStringLiteral("LFPG"), QStringLiteral("Roissy"), QStringLiteral("Charles de Gaulle"))};
-}
+// The idx of two of the three airports of Aeroports(), and their lines in the list Aeroports.
 inline constexpr int LeBourget = 1;
 inline constexpr int Heathrow = 2;
 inline constexpr int LineLeBourget = 1;  // its line in Aeroports
@@ -61,8 +26,10 @@ inline constexpr int LineHeathrow = 0;
 // Thrown by a loop observer to leave a loop that never ends by itself.
 struct LoopWatched {};
 
-class Statistics : public ::testing::Test {
+class Statistics : public ::testing::Test, protected TestStation {
 protected:
+    Statistics() : TestStation(Aeroports(), QDateTime(QDate(2004, 3, 20), QTime(15, 7, 9))) {}
+
     void SetUp() override {
         EnsureGuiApplication();
         ASSERT_TRUE(db.IsValid());
@@ -105,13 +72,6 @@ protected:
     // Lets a closed window go, as the event loop would.
     static void DeleteClosed() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
 
-    TestDatabase db{StatAirports()};
-    FixedClock clock{QDateTime(QDate(2004, 3, 20), QTime(15, 7, 9))};
-    ScriptedRandom random;
-    AnsweringBoxes boxes;
-    std::vector<int> runTimeEnds;
-    RunTimeGuard guard{boxes, [this](int number) { runTimeEnds.push_back(number); }};
-    Services services{clock, random, boxes, guard, {}, {}, {}, db.Folder()};
     Forms forms{services};
     RecordingSurface recording;
 };

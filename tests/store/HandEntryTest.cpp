@@ -2,21 +2,16 @@
 #include "HandEntry.h"
 
 #include "Dao.h"
+#include "Printing.h"
+#include "RunFolder.h"
 #include "TestDatabase.h"
-
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
-#include <ostream>
-
-// Texts print as text when an expectation fails.
-inline void PrintTo(const QString& text, std::ostream* os) { *os << '"' << text.toStdString() << '"'; }
-
 using namespace skelda;
 using skelda::test::Airport;
+using skelda::test::LogText;
+using skelda::test::RunFolder;
 using skelda::test::TestDatabase;
 using skelda::test::TestObservation;
 
@@ -30,20 +25,10 @@ class HandEntry : public ::testing::Test {
 protected:
     void SetUp() override {
         ASSERT_TRUE(db.IsValid());
-        ASSERT_TRUE(workDir.isValid());
-        previous = QDir::currentPath();
-        ASSERT_TRUE(QDir::setCurrent(workDir.path()));
-        ASSERT_TRUE(QDir().mkdir(QStringLiteral("log")));
+        ASSERT_TRUE(work.IsValid());
     }
-    void TearDown() override { QDir::setCurrent(previous); }
 
     QString Store(const QString& text) { return EnregistrerMetaf(text, db.Path(), clock); }
-
-    QString LogText() const {
-        QFile f(workDir.filePath(QStringLiteral("log/log.txt")));
-        if (!f.open(QIODevice::ReadOnly)) return {};
-        return QString::fromUtf8(f.readAll());
-    }
 
     // One column of the only typed row.
     QVariant Column(const QString& column) const {
@@ -52,8 +37,7 @@ protected:
 
     TestDatabase db{{Airport("LFPG", "Paris", "Charles de Gaulle"), Airport("LFTH", "Toulouse", "Francazal"),
                      Airport("LFBO", "Toulouse", "Blagnac")}};
-    QTemporaryDir workDir;
-    QString previous;
+    RunFolder work{RunFolder::Log};
     FixedClock clock{QDateTime(QDate(2004, 11, 15), QTime(14, 30, 5))};
 };
 

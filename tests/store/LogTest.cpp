@@ -1,32 +1,23 @@
 #include "Log.h"
+#include "RunFolder.h"
 #include "Variant.h"
 
 #include <QDir>
 #include <QFile>
-#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
 using namespace skelda;
+using skelda::test::LogText;
+using skelda::test::RunFolder;
 
 namespace {
 
 // Runs a test inside a fresh current directory, and goes back afterwards.
 class InTemporaryDirectory : public ::testing::Test {
 protected:
-    void SetUp() override {
-        ASSERT_TRUE(dir.isValid());
-        previous = QDir::currentPath();
-        ASSERT_TRUE(QDir::setCurrent(dir.path()));
-    }
-    void TearDown() override { QDir::setCurrent(previous); }
-    QString LogText() {
-        QFile f(QStringLiteral("log/log.txt"));
-        if (!f.open(QIODevice::ReadOnly)) return QStringLiteral("<missing>");
-        return QString::fromUtf8(f.readAll());
-    }
-    QTemporaryDir dir;
-    QString previous;
+    void SetUp() override { ASSERT_TRUE(dir.IsValid()); }
+    RunFolder dir{RunFolder::Nothing};
     FixedClock clock{QDateTime(QDate(2004, 11, 2), QTime(10, 0, 5))};
 };
 

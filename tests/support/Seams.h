@@ -27,22 +27,41 @@ public:
     int drawn = 0;
 };
 
-// Boxes that answer OK and remember what they were asked to show.
+// Boxes that remember what they were asked to show, and give the answers that the test queued for
+// the next boxes, one each, as the user would answer them. A box with no answer queued is answered
+// with its first button, as Enter answers it: OK, or Yes to a question.
 class RecordingBoxes : public MessageBoxes {
 public:
     int MsgBox(const QString& prompt, int style, const QString& title) override {
+        Remember(prompt, style, title);
+        if (answers.empty()) return (style & 0x0f) == vbYesNo ? vbYes : vbOK;
+        const int answer = answers.front();
+        answers.pop_front();
+        return answer;
+    }
+    void RuntimeErrorBox(int number, const QString& description) override {
+        Remember(QStringLiteral("Run-time error '%1': %2").arg(number).arg(description), vbOKOnly, QString());
+    }
+    // Forgets the boxes shown so far.
+    void Clear() {
+        shown.clear();
+        titles.clear();
+        styles.clear();
+    }
+
+    std::deque<int> answers;  // the answers of the next boxes, in order
+    std::vector<QString> shown;
+    // The title and the style of each box, beside its prompt in shown (a run-time error box has no
+    // title, and style 0).
+    std::vector<QString> titles;
+    std::vector<int> styles;
+
+private:
+    void Remember(const QString& prompt, int style, const QString& title) {
         shown.push_back(prompt);
         titles.push_back(title);
         styles.push_back(style);
-        return vbOK;
     }
-    void RuntimeErrorBox(int number, const QString& description) override {
-        shown.push_back(QStringLiteral("Run-time error '%1': %2").arg(number).arg(description));
-    }
-    std::vector<QString> shown;
-    // The title and the style of each MsgBox, beside its prompt in shown (run-time errors have none).
-    std::vector<QString> titles;
-    std::vector<int> styles;
 };
 
 }  // namespace skelda::test

@@ -48,6 +48,12 @@ void BindNumber(sqlite3_stmt* statement, int index, std::optional<int> number) {
 
 }  // namespace
 
+QList<SeedAirport> Aeroports() {
+    return {Airport(QStringLiteral("LFPB"), QStringLiteral("Paris"), QStringLiteral("Le Bourget"), true, true),
+            Airport(QStringLiteral("EGLL"), QStringLiteral("London"), QStringLiteral("Heathrow")),
+            Airport(QStringLiteral("LFPG"), QStringLiteral("Roissy"), QStringLiteral("Charles de Gaulle"))};
+}
+
 SeedAirport Airport(const QString& ida, const QString& ville, const QString& aeroport, bool active, bool preferred,
                     std::optional<QString> codeforecast) {
     SeedAirport airport;

@@ -71,6 +71,11 @@ private:
     QString path_;
 };
 
+// The three airports that the tests of the forms share, all active: Paris - Le Bourget (idx 1, the
+// preferred one), London - Heathrow (idx 2) and Roissy - Charles de Gaulle (idx 3). Lists by city
+// show Heathrow on line 0, Le Bourget on line 1 and Roissy on line 2.
+QList<SeedAirport> Aeroports();
+
 // Makes database.mdb with the airports in a folder that the caller owns. Gives its path, or an
 // empty text (and a failure reported to the running test) when it can't be made.
 QString CreateTestDatabase(const QString& folder, const QList<SeedAirport>& airports);

@@ -2,49 +2,43 @@
 #include "FormMetaf.h"
 
 #include "GuiApplication.h"
-#include "RunTime.h"
-#include "Seams.h"
-#include "TestDatabase.h"
+#include "RunFolder.h"
+#include "TestServices.h"
 #include "Window.h"
 
-#include <QDir>
-#include <QFile>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QTemporaryDir>
 #include <QTest>
 
 #include <gtest/gtest.h>
 
 using namespace skelda;
-using skelda::test::Airport;
-using skelda::test::TestDatabase;
+using namespace skelda::test;
 
 namespace {
 
 const QString Paris = QStringLiteral("LFPG 021030Z 31015G25KT 9999 FEW016 22/06 Q1016");
 const QString Blagnac = QStringLiteral("LFBO 021100Z 22013KT 9999 SCT030 20/05 Q1015");
 
-class FormMetafTest : public ::testing::Test {
+class FormMetafTest : public ::testing::Test, protected TestStation {
 protected:
+    FormMetafTest()
+        : TestStation({Airport("LFPG", "Paris", "Charles de Gaulle"), Airport("LFTH", "Toulouse", "Francazal"),
+                       Airport("LFBO", "Toulouse", "Blagnac")},
+                      QDateTime(QDate(2004, 11, 15), QTime(14, 30, 5))) {}
+
     void SetUp() override {
         EnsureGuiApplication();
         ASSERT_TRUE(db.IsValid());
-        ASSERT_TRUE(workDir.isValid());
-        previous = QDir::currentPath();
-        ASSERT_TRUE(QDir::setCurrent(workDir.path()));
-        ASSERT_TRUE(QDir().mkdir(QStringLiteral("log")));
+        ASSERT_TRUE(work.IsValid());
         form = std::make_unique<FormMetaf>(services);
         text1 = form->findChild<QPlainTextEdit*>(QStringLiteral("Text1"));
         command2 = form->findChild<QPushButton*>(QStringLiteral("Command2"));
         ASSERT_NE(text1, nullptr);
         ASSERT_NE(command2, nullptr);
     }
-    void TearDown() override {
-        form.reset();
-        QDir::setCurrent(previous);
-    }
+    void TearDown() override { form.reset(); }
 
     void Lire(const QString& text) {
         form->SetText1Text(text);
@@ -61,23 +55,8 @@ protected:
         return places;
     }
 
-    QString LogText() const {
-        QFile f(workDir.filePath(QStringLiteral("log/log.txt")));
-        if (!f.open(QIODevice::ReadOnly)) return {};
-        return QString::fromUtf8(f.readAll());
-    }
-
-    TestDatabase db{{Airport("LFPG", "Paris", "Charles de Gaulle"), Airport("LFTH", "Toulouse", "Francazal"),
-                     Airport("LFBO", "Toulouse", "Blagnac")}};
-    QTemporaryDir workDir;
-    QString previous;
-    FixedClock clock{QDateTime(QDate(2004, 11, 15), QTime(14, 30, 5))};
-    test::ScriptedRandom random;
-    test::RecordingBoxes boxes;
-    // A failure that no handler catches ends here, in the box, instead of ending the test program.
-    std::vector<int> runTimeEnds;
-    RunTimeGuard guard{boxes, [this](int number) { runTimeEnds.push_back(number); }};
-    Services services{clock, random, boxes, guard, {}, {}, {}, db.Folder()};
+    // The folder the form runs in, with log/ for the diary.
+    RunFolder work{RunFolder::Log};
     std::unique_ptr<FormMetaf> form;
     QPlainTextEdit* text1 = nullptr;
     QPushButton* command2 = nullptr;

@@ -13,10 +13,6 @@ namespace {
 
 class NewsAtStart : public TrayFixture {
 protected:
-    void ProvideTray() override {
-        TrayFixture::ProvideTray();
-        ProvideForecastForms(forms);
-    }
     ThreadedHttpServer news{[](const std::string&) { return ThreadedHttpServer::Reply(200, "Skelda 0.32 is out"); }};
 };
 

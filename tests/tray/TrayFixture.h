@@ -1,5 +1,6 @@
-// What the tray's tests share: the poll cycle's fixture with the real start form, whose end of
-// the process is caught instead of ending the test program.
+// What the tray's tests share: the poll cycle's fixture with the program's forms, made as the
+// program makes them, and the real start form, whose end of the process is caught instead of
+// ending the test program.
 #pragma once
 
 #include <QAction>
@@ -10,6 +11,7 @@
 #include "AeroportsConfig.h"
 #include "FormMetaf.h"
 #include "FrmIcone.h"
+#include "ProvideForms.h"
 #include "StatistiqueMensuelle.h"
 #include "acquisition/PollFixture.h"
 #include "ajoutareoports.h"
@@ -18,15 +20,7 @@ namespace skelda::test {
 
 class TrayFixture : public PollFixture {
 protected:
-    void ProvideTray() override {
-        forms.Provide<FrmIcone>(&FrmIcone::Load);
-        forms.ProvideAs<TrayForm, FrmIcone>();
-        forms.Provide<FormMetaf>([](Forms& f) { return new FormMetaf(f.services()); });
-        forms.ProvideAs<PollingForm, Form1>();
-        forms.Provide<AeroportsConfig>(&AeroportsConfig::Load);
-        forms.Provide<ajoutareoports>(&ajoutareoports::Load);
-        forms.Provide<StatistiqueMensuelle>(&StatistiqueMensuelle::Load);
-    }
+    void ProvideTray() override { ProvideForms(forms); }
 
     // The start form, loaded now if it isn't. Its timer is stopped at once, so that only the
     // test's Fire() ticks it; the state it had at load is kept in timer1AtLoad.
