@@ -24,20 +24,22 @@ QString RequeteStation(const QString& Serveur, const QString& Code) {
 }  // namespace
 
 void W_Connect(Form1& f) {
-    // 1. Nothing selected: nothing goes out and no time-out runs; the connection stays open until
-    //    the next poll closes it. The entry is read now, when the connection is made, so a click
-    //    in List1 since Connect changes the station asked for.
+    // Read the selected entry. Nothing selected: nothing goes out and no time-out runs; the
+    // connection stays open until the next poll closes it. The entry is read now, when the
+    // connection is made, so a click in List1 since Connect changes the station asked for.
     const int index = f.List1->ListIndex();
     if (index < 0) return;
-    // 2. The time-out counts from the connection being made, not from Connect.
+    // Start the time-out. It counts from the connection being made, not from Connect.
     f.TimerWinsock.SetEnabled(true);
-    // 3. The user can't change the selection while a reply is out; only a reply enables it again.
+    // Disable the list: the user can't change the selection while a reply is out; only a reply
+    // enables it again.
     f.List1->setEnabled(false);
-    // 4. TableIDA holds 101 codes: a line beyond it is a fault that isn't caught.
+    // Build the request for the entry's code. TableIDA holds 101 codes: a line beyond it is a
+    // fault that isn't caught.
     const TableIDAType& TableIDA = f.forms().module1().TableIDA;
     if (index >= int(TableIDA.size())) throw RuntimeError(SubscriptOutOfRange);
     const QString requete = RequeteStation(f.forms().services().observationServer.host, TableIDA[index].Concat());
-    // 5.
+    // Send it.
     f.W.SendData(requete);
 }
 

@@ -3,9 +3,10 @@
 //
 // The whole procedure runs in the skip-and-continue mode: every statement goes through the one
 // ResumeNext `step`, a failing statement is skipped and the next one runs, and the failure's
-// number stays until a later failure replaces it. Step 9 therefore judges the whole reception,
-// not only the write: a variable wind, whose empty direction can't be read as a number in step
-// 6.3, stores its row but logs nothing and doesn't redraw the chart. That is intended.
+// number stays until a later failure replaces it. The check of that number after the write
+// therefore judges the whole reception, not only the write: a variable wind, whose empty direction
+// can't be read as a number when it is turned into an angle, stores its row but logs nothing and
+// doesn't redraw the chart. That is intended.
 #include "Acquisition.h"
 #include "Airports.h"
 #include "Arrow.h"
@@ -30,25 +31,25 @@ void DessinerCadran(Form1& f, ResumeNext& step) {
     SurfaceWidget& PV = *f.PV;
     constexpr Color Noir = RGB(0, 0, 0);
     constexpr Color Blanc = RGB(255, 255, 255);
-    // 1. The direction is kept in the dial's Tag.
+    // Clear the dial and keep the direction in its Tag.
     step([&] { PV.Cls(); });
     step([&] { PV.Tag = f.BulletinCourant.OrientationDegre; });
-    // 2.
+    // The radius, 15 units inside half the width, and the centre; the circles are filled solid.
     int16_t Rayon = 0;
     step.Set(Rayon, CIntOf(PV.ScaleWidth() / 2 - 15));
     const double Cx = PV.ScaleWidth() / 2;
     const double Cy = PV.ScaleHeight() / 2;
     step([&] { PV.SetFillStyle(vbFSSolid); });
-    // 3. The sand-coloured rim.
+    // The sand-coloured rim.
     step([&] { PV.SetFillColor(RGB(250, 218, 106)); });
     step([&] { PV.Circle(Cx, Cy, Rayon, Noir); });
-    // 4. The pale blue face.
+    // The pale blue face.
     step([&] { PV.SetFillColor(RGB(192, 255, 255)); });
     step([&] { PV.Circle(Cx, Cy, Rayon * 0.87, Noir); });
-    // 5. A white gleam left of the centre, taller than wide.
+    // A white gleam left of the centre, taller than wide.
     step([&] { PV.SetFillColor(Blanc); });
     step([&] { PV.Circle(Cx - Rayon / 3.0, Cy, Rayon * 0.6, Blanc, 1.5); });
-    // 6. A direction that isn't a number draws no arrow.
+    // The arrow of the direction on top; a direction that isn't a number draws none.
     step([&] {
         int16_t Longueur = CInt(Rayon * 0.95);
         TracerFleche(Cx, Cy, CInt(f.BulletinCourant.OrientationDegre), PV, Longueur);
@@ -63,63 +64,64 @@ void IngererReponse(Form1& f, const QString& Recu) {
     const Clock& clock = f.forms().services().clock;
     ResumeNext step;
 
-    // 1. What arrived replaces what was there: packets aren't put together, a reply is expected
-    //    in one packet.
+    // Keep what arrived. It replaces what was there: packets aren't put together, a reply is
+    // expected in one packet.
     f.ReponseBrute = Recu;
 
-    // 2. For every packet, whatever it holds.
+    // Log the arrival, for every packet whatever it holds.
     step([&] { EcrireLog(QStringLiteral("Weather Received from ") + f.List1->List(f.List1->ListIndex()), clock); });
 
-    // 3. No end of head yet: nothing more. The socket stays open, TimerWinsock runs on and
-    //    List1 stays disabled, until a later packet or the time-out.
+    // Find the end of the head. None yet: nothing more. The socket stays open, TimerWinsock runs
+    // on and List1 stays disabled, until a later packet or the time-out.
     qsizetype Debut = InStr(f.ReponseBrute, u"\r\n\r\n");
     if (Debut == 0) return;
 
-    // 4. The body starts behind CR LF CR LF. Its first 17 characters, the station file's stamp
-    //    "2004/11/02 10:00" and its line end, are skipped by count, not by looking for the line
-    //    end. The status line isn't looked at.
+    // Cut out the METAF text. The body starts behind CR LF CR LF. Its first 17 characters, the
+    // station file's stamp "2004/11/02 10:00" and its line end, are skipped by count, not by
+    // looking for the line end. The status line isn't looked at.
     Debut += 4;
     const QString metaf = Mid(f.ReponseBrute, Debut + 17).toString();
 
-    // 5. The decoder never fails; an empty text gives its built-in sample.
+    // Decode it. The decoder never fails; an empty text gives its built-in sample.
     Bulletin releve;
     releve = DecoderMetaf(metaf, clock);
     f.BulletinCourant = releve;
     Bulletin& b = f.BulletinCourant;
 
-    // 6. Show it.
-    // 6.1
+    // Show the observation on the main window, starting with its date and time.
     step([&] { f.Label1->SetCaption(b.DateReleve + QStringLiteral(" - ") + b.HeureReleve); });
-    // 6.2 The factor is 1.6 by intent, not 1.852, and the figure isn't rounded.
+    // The speed in knots and in km/h. The factor is 1.6 by intent, not 1.852, and the figure isn't
+    // rounded.
     step([&] {
         f.Label2->SetCaption(QStringLiteral("Speed : ") + QString::number(b.ForceNoeuds) + QStringLiteral(" Kt (") +
                              NumberText(b.ForceNoeuds * 1.6) + QStringLiteral(" km/h)."));
     });
-    // 6.3 An empty or non-numeric direction fails here: AngleZefir keeps its old value and the
-    //     failure stays for step 9. Nothing reads AngleZefir.
+    // The direction as an angle. An empty or non-numeric direction fails here: AngleZefir keeps
+    // its old value and the failure stays for the check after the write. Nothing reads AngleZefir.
     step([&] { f.AngleZefir = float((CDbl(b.OrientationDegre) + 90) * 2 * 3.141592 / 360); });
-    // 6.4 NomDirection turns an empty direction into "0" inside BulletinCourant, so from here on
-    //     a variable wind has direction 0: on Label3, on the dial and in the row.
+    // The direction's name and the Beaufort force, with the gust's behind it. NomDirection turns an
+    // empty direction into "0" inside BulletinCourant, so from here on a variable wind has
+    // direction 0: on Label3, on the dial and in the row.
     step([&] { f.Label6->SetCaption(NomDirection(b.OrientationDegre, false).ToText()); });
     step([&] { f.TXTforce->SetCaption(ForceBeaufort(b.ForceNoeuds)); });
     if (b.ForceRafale > 0)
         step([&] {
             f.TXTforce->SetCaption(f.TXTforce->Caption() + QStringLiteral(" / ") + ForceBeaufort(b.ForceRafale));
         });
-    // 6.5
+    // The direction in degrees.
     step([&] { f.Label3->SetCaption(QStringLiteral("Direction : ") + b.OrientationDegre + QStringLiteral("°")); });
-    // 6.6
+    // The wind dial.
     DessinerCadran(f, step);
-    // 6.7 The next tick of T puts the countdown back.
+    // The window's caption names the airport; the next tick of T puts the countdown back.
     step([&] { f.SetCaption(QStringLiteral("Wind : ") + f.List1->Text()); });
-    // 6.8 The only place that gives the list back to the user.
+    // Enable the list again: the only place that gives it back to the user.
     step([&] { f.List1->setEnabled(true); });
-    // 6.9
+    // The frame's title names the airport.
     step([&] { f.Frame1->setTitle(f.List1->Text()); });
 
-    // 7. Write the row: AddNew, fifteen columns and Update, each a statement of this mode. The
-    //    airport's number comes from the station code inside the message, not from the entry that
-    //    was polled; an unknown code gives 0.
+    // Write the row: AddNew, fifteen columns and Update, each a statement of this mode. The
+    // airport's number comes from the station code inside the message, not from the entry that
+    // was polled; an unknown code gives 0.
     const QString base = f.DatabasePath();
     step([&] { f.BaseReleves = OpenDatabase(base); });
     step([&] { f.JeuReleves = f.BaseReleves.OpenRecordset(QStringLiteral("Zefir"), dbOpenDynaset); });
@@ -129,15 +131,15 @@ void IngererReponse(Form1& f, const QString& Recu) {
         r, step, QStringLiteral("NumAéroport"), [&] { return Variant(int32_t(TrouverAeroport(b.Ida, base))); }, b,
         Mid(f.ReponseBrute, Debut + 17).toString());
 
-    // 8. Close both.
+    // Close the recordset and the database.
     step([&] { r.Close(); });
     f.JeuReleves = Recordset();
     step([&] { f.BaseReleves.Close(); });
     f.BaseReleves = Database();
 
-    // 9. The latest failure of any statement since step 1. The refusal 3022 is the database's
-    //    answer to a row that repeats an observation: the system's only duplicate check. The
-    //    chart is redrawn only after a new row (and on changes of selection).
+    // Judge the reception by the latest failure of any statement above. The refusal 3022 is the
+    // database's answer to a row that repeats an observation: the system's only duplicate check.
+    // The chart is redrawn only after a new row (and on changes of selection).
     if (step.Number() == DaoDuplicateKey) {
         step([&] { EcrireLog(QStringLiteral("ERROR UPDATE : Possibility of duplicate ") + b.Ida, clock); });
     } else if (step.Number() == NoError) {
@@ -145,15 +147,16 @@ void IngererReponse(Form1& f, const QString& Recu) {
         step([&] { f.TracerCourbe(); });
     }
 
-    // 10. The tray tip's text waits in the caption of the tray form, duplicates included; its
-    //     timer passes it on within 10 seconds.
+    // Hand the tray tip its text. It waits in the caption of the tray form, duplicates included;
+    // the tray's timer passes it on within 10 seconds.
     step([&] {
         const QString titre =
             f.List1->Text() + QString::fromUtf16(CrLf) + f.Label6->Caption() + u' ' + f.TXTforce->Caption();
         f.forms().Get<TrayForm>().SetCaption(Trim(titre).toString());
     });
 
-    // 11. The exchange ends here, from this side, after the first packet with a complete head.
+    // End the exchange: close the socket and stop its time-out. It ends here, from this side,
+    // after the first packet with a complete head.
     step([&] { f.W.Close(); });
     step([&] { f.TimerWinsock.SetEnabled(false); });
 }

@@ -88,36 +88,36 @@ void PollSuivant(Form1& f, Instructions& run) {
 }  // namespace
 
 void T_Timer(Form1& f) {
-    // 1. and 2.
+    // Read the system's time as text and split it by hand into hours, minutes and seconds.
     const HeureLocale h = DecouperHeure(f.forms().services().clock.TimeText());
-    // 3.
+    // The local clock.
     f.Label5->SetCaption(h.hh + u':' + h.mm + u':' + h.ss);
-    // 4.
+    // The Zulu clock, a fixed 5 hours ahead.
     f.Label11->SetCaption(HeureZulu(h.hh) + u':' + h.mm + u':' + h.ss);
 
-    // 5. The first tick after the window was asked for runs the rest of itself in the
-    //    skip-and-continue mode; no other tick has that protection.
+    // The first tick after the window was asked for runs the rest of itself in the
+    // skip-and-continue mode; no other tick has that protection.
     Instructions run;
     if (f.Tag.compare(QStringLiteral("VISIBLE"), Qt::CaseInsensitive) == 0) {
         f.Tag = QStringLiteral("VU");
         run.Proteger();
     }
 
-    // 6.
+    // Count the tick towards the next poll and towards the hour.
     run([&] { f.SecondesAttente = Add16(f.SecondesAttente, 1).Value(); });
     run([&] { f.SecondesHeure = Add16(f.SecondesHeure, 1).Value(); });
 
-    // 7. The caption counts 9 to 0 over the first ten ticks, while the poll comes on the
-    //    eleventh (step 9 tests "above 10"): on that tick the caption shows -1 for an instant
-    //    and Connect replaces it at once with its own.
+    // The countdown in the caption. It counts 9 to 0 over the first ten ticks, while the poll
+    // comes on the eleventh (the test below is "above 10"): on that tick the caption shows -1 for
+    // an instant and Connect replaces it at once with its own.
     run([&] {
         f.SetCaption(f.List1->Text() + QStringLiteral(" - ") + QString::number(10 - f.SecondesAttente) +
                      QStringLiteral(" secondes..."));
     });
 
-    // 8. Once an hour, on the 3601st tick, so that a day that began during the run enters the
-    //    list of dates. Selecting the newest date also takes a user looking at an older day back
-    //    to today, and redraws the chart through the combo's Click.
+    // Refill the list of dates once an hour, on the 3601st tick, so that a day that began during
+    // the run enters it. Selecting the newest date also takes a user looking at an older day back
+    // to today, and redraws the chart through the combo's Click.
     if (f.SecondesHeure > 3600) {
         run([&] { f.SecondesHeure = 0; });
         run([&] { f.BaseReleves = OpenDatabase(f.DatabasePath()); });
@@ -125,39 +125,40 @@ void T_Timer(Form1& f) {
         run([&] { f.ChoixDate->SetListIndex(CInt(f.ChoixDate->Tag)); });
     }
 
-    // 9. Every eleventh tick, the next airport of the list, wrapping to the first. The counter
-    //    is reset only after Connect has returned.
+    // Poll the next airport of the list every eleventh tick, wrapping to the first. The counter
+    // is reset only after Connect has returned.
     if (f.SecondesAttente > 10) PollSuivant(f, run);
 }
 
 void Connect(Form1& f) {
     Services& services = f.forms().services();
-    // 1. and 2.
+    // Say so in the caption, and clear the last observation's text from the window.
     f.SetCaption(QStringLiteral("Connection in progress..."));
     f.Label1->SetCaption(QString());
     f.Label2->SetCaption(QString());
     f.Label3->SetCaption(QString());
     f.Label6->SetCaption(QString());
     f.TXTforce->SetCaption(QString());
-    // 3.
+    // Forget the last reply.
     f.ReponseBrute.clear();
-    // 4. An exchange still running is abandoned here without a word: its reply, if any comes,
-    //    has no socket left to arrive on. This is the whole treatment of overlapping polls.
+    // Close the socket. An exchange still running is abandoned here without a word: its reply,
+    // if any comes, has no socket left to arrive on. This is the whole treatment of overlapping
+    // polls.
     f.W.Close();
-    // 5.
+    // Let pending events run once.
     QCoreApplication::processEvents();
-    // 6. and 7. A local port from 91 to 100; the only use of the random draw.
+    // A local port from 91 to 100, drawn after reseeding; the only use of the random draw.
     services.random.Randomize();
     const double tirage = services.random.Rnd();
     f.W.SetLocalPort(int(std::floor(tirage * 10)) + 91);
-    // 8.
+    // The observation server.
     f.W.SetRemoteHost(services.observationServer.host);
     f.W.SetRemotePort(services.observationServer.port);
-    // 9. W_Connect takes over when the connection is made.
+    // Connect; W_Connect takes over when the connection is made.
     f.W.Connect();
-    // 10. The news, at the first poll of the run. A failed fetch (no network, an unknown host, a
-    //     refused connection, a time-out) is lost silently with this poll, as every network
-    //     failure of the cycle is: the news flag stays empty and the next poll tries again.
+    // The news, at the first poll of the run. A failed fetch (no network, an unknown host, a
+    // refused connection, a time-out) is lost silently with this poll, as every network failure
+    // of the cycle is: the news flag stays empty and the next poll tries again.
     ResumeNext nouvelles;
     nouvelles([&] { AfficherNouvelles(QString(), f.forms()); });
 }

@@ -16,23 +16,23 @@ const QString ImagesFolder = QStringLiteral("Images/");
 }  // namespace
 
 void Form1::AfficherImage(const QString& Idx) {
-    // 1. to 3. Its own database and recordset, not the form's.
+    // Find the airport's row, with a database and a recordset of its own, not the form's.
     Database base = OpenDatabase(DatabasePath());
     Recordset aeroports = base.OpenRecordset(QStringLiteral("select * from aéroports  "), dbOpenSnapshot);
     aeroports.FindFirst(QStringLiteral("idx = ") + Idx);
-    // 4. The search isn't looked at: with no match the current row, the first, names the file.
-    //    The code goes in as it stands in the table.
+    // The file is named after the airport's code. The search isn't looked at: with no match the
+    // current row, the first, names the file. The code goes in as it stands in the table.
     const QString Fichier = ImagesFolder + aeroports.Fields(QStringLiteral("ida")).Concat() + QStringLiteral(".BMP");
-    // 5. to 7. A missing picture is an expected case: a log line on every drawing, never a box.
-    //    The names are found whatever the case of their letters, as the pictures were named for
-    //    a file system that ignores it ("lfpb" finds LFPB.BMP).
+    // Show the airport's picture, or the common one. A missing picture is an expected case: a log
+    // line on every drawing, never a box. The names are found whatever the case of their letters,
+    // as the pictures were named for a file system that ignores it ("lfpb" finds LFPB.BMP).
     if (FileExists(Fichier)) {
         Picture1->SetPicture(LoadPicture(Fichier));
     } else {
         EcrireLog(QStringLiteral("File Not Found: ") + Fichier, forms_.services().clock);
         Picture1->SetPicture(LoadPicture(ImagesFolder + QStringLiteral("METEO2.BMP")));
     }
-    // 8.
+    // Close the recordset and the database.
     aeroports.Close();
     base.Close();
 }

@@ -96,16 +96,17 @@ void ComposerBulletin(Label& bulletin, const Recordset& releve) {
     auto champ = [&releve](const char* nom) { return releve.Fields(QString::fromUtf8(nom)); };
     const QString crlf = QString::fromUtf16(CrLf);
 
-    // 1.
+    // The date and time of the observation.
     ajouter(champ("daterelevé").Concat() + u' ' + champ("heurerelevé").Concat() + crlf);
     const Variant variable = champ("zefirvariable");
     if (!variable.IsNull() && variable.ToBool()) {
-        // 2. Only the negative speed of a variable wind gives its upper bound here.
+        // A variable wind. Only its negative speed gives its upper bound here.
         ajouter(QStringLiteral("Wind Variable"));
         const int16_t force = champ("forcenoeuds").ToInt16();
         if (force < 0) ajouter(QStringLiteral(" less then ") + QString::number(force * -1) + QStringLiteral(" Knts"));
     } else {
-        // 3. The gust's words repeat the force of the mean wind, not the gust's own: kept so.
+        // The wind's direction and force, the gust and the shift. The gust's words repeat the
+        // force of the mean wind, not the gust's own: kept so.
         const int16_t force = champ("forcenoeuds").ToInt16();
         ajouter(QStringLiteral("Wind from ") + NomLong(champ("orientationdegré")) + u' ' + ForceBeaufort(force));
         if (AuDessusDeZero(champ("forcerafale"))) ajouter(QStringLiteral(" avec rafale à ") + ForceBeaufort(force));
@@ -114,21 +115,23 @@ void ComposerBulletin(Label& bulletin, const Recordset& releve) {
                     NomLong(champ("secteur2")));
         }
     }
-    // 4. to 6.
+    // Visibility, weather, temperature and pressure.
     ajouter(crlf + champ("visibilité").Concat() + crlf + Trim(champ("temps").Concat()).toString() + crlf);
     ajouter(QStringLiteral("Temperature undercover ") + champ("température").Concat() + QStringLiteral("° C.") + crlf);
     ajouter(QStringLiteral("Pressure ") + champ("pression").Concat() + QStringLiteral(" hpa"));
-    // 7. One pass: an empty phrase leaves no empty line, but three line ends in a row keep two.
+    // Fold doubled line ends, in one pass: an empty phrase leaves no empty line, but three line
+    // ends in a row keep two.
     bulletin.SetCaption(Replace(bulletin.Caption(), QString(crlf + crlf), crlf));
 }
 
 }  // namespace
 
 void Form1::TracerCourbe() {
-    // 1. The click events that filling the lists raises draw nothing.
+    // Nothing until the window is loaded: the click events that filling the lists raises draw
+    // nothing.
     if (!ChargementFini) return;
     Surface& surface = *drawingSurface;
-    // 2. and 3.
+    // Clear the chart and its slots.
     surface.Cls();
     for (int i = 0; i < int(FKNT.size()); ++i) {
         FKNT[i]->setVisible(false);
@@ -138,9 +141,9 @@ void Form1::TracerCourbe() {
             ICO[i]->PictureKey.clear();
         }
     }
-    // 4. No airport: an empty chart, and the bulletin and the picture stay as they were.
+    // No airport: an empty chart, and the bulletin and the picture stay as they were.
     if (List1->Text().isEmpty()) return;
-    // 5. and 6.
+    // The day's rows of the selected airport.
     BaseReleves = OpenDatabase(DatabasePath());
     const int32_t numero = List1->ItemData(List1->ListIndex());
     JeuReleves = BaseReleves.OpenRecordset(
@@ -156,51 +159,52 @@ void Form1::TracerCourbe() {
     Courbe temperature{{}, 0, TemperatureTrait, TemperatureFond};
     auto champ = [this](const char* nom) { return JeuReleves.Fields(QString::fromUtf8(nom)); };
 
-    // 13. Row by row, in the order of the time as text.
+    // Row by row, in the order of the time as text.
     for (; !JeuReleves.Eof(); JeuReleves.MoveNext()) {
-        // 1. The half-hour slot. The rounding of the minutes goes halves to even on purpose:
-        //    0 to 15 add nothing, 16 to 44 one slot, 45 to 59 two. From 23:45 there is no slot.
+        // The half-hour slot. The rounding of the minutes goes halves to even on purpose: 0 to 15
+        // add nothing, 16 to 44 one slot, 45 to 59 two. From 23:45 there is no slot.
         const QTime heure = champ("heurerelevé").ToDateTime().time();
         const int16_t Colonne = Add16(CInt(2.0 * heure.hour()), CInt(heure.minute() / 30.0)).Value();
         if (Colonne > 47 || Colonne < 0) continue;
         Label* barre = FKNT[Colonne];
 
-        // 2. and 3. The bar's height, 50 knots for the chart's full height; a stronger wind runs
-        //    past the top. Its top is set from the height as the label kept it (whole pixels).
+        // The bar's height, 50 knots for the chart's full height; a stronger wind runs past the
+        // top. Its top is set from the height as the label kept it (whole pixels).
         const int16_t forceNoeuds = champ("forcenoeuds").ToInt16();
         SetHeight(barre, forceNoeuds < 0 ? 0.0 : (Bas - Haut) / 50 * forceNoeuds);
         SetTop(barre, Bas - HeightOf(barre) + 15);
 
-        // 4. and 5. A later row of the same slot replaces the text; its drawing stays under.
+        // The slot's report and tip. A later row of the same slot replaces the text; its drawing
+        // stays under.
         barre->Tag = champ("METAF").ToText();
         barre->setToolTip(champ("forcenoeuds").Concat() + QStringLiteral(" Noeuds - ") + ForceBeaufort(forceNoeuds) +
                           QStringLiteral(" de ") + NomLong(champ("orientationdegré")) + QStringLiteral(" - Pression ") +
                           champ("pression").Concat() + QStringLiteral(" hpa."));
 
-        // 6. and 7. The bar in its class's colour, edged in the next darker one. The table ends
-        //    at class 10, so 49 knots stop the chart at the edge and 54 at the class itself.
+        // The bar in its class's colour, edged in the next darker one. The table ends at class
+        // 10, so 49 knots stop the chart at the edge and 54 at the class itself.
         surface.SetDrawWidth(1);
         const int16_t Classe = ClasseDuVent(forceNoeuds);
         surface.SetFillColor(PaletteForce(Classe));
         TracerBarre(surface, *barre, PaletteForce(Add16(Classe, 1).Value()));
 
-        // 8. The arrow under the slot: Top + Height is Bas + 15 for any wind, so all arrows of
-        //    the day stand in one row. Length 0 asks for the default.
+        // The arrow under the slot: Top + Height is Bas + 15 for any wind, so all arrows of the
+        // day stand in one row. Length 0 asks for the default.
         const double X = LeftOf(barre) + WidthOf(barre) / 2;
         int16_t longueur = 0;
         TracerFleche(X, TopOf(barre) + HeightOf(barre) + 105, champ("orientationdegré").ToInt16(), surface, longueur);
 
-        // 9. Pressure, from 960 hPa at the foot to 1040 at the top.
+        // Pressure, from 960 hPa at the foot to 1040 at the top.
         const Variant hpa = champ("pression");
         if (!hpa.IsNull()) AjouterPoint(surface, pression, X, Bas - ((hpa.ToDouble() - 960) / 80) * (Bas - Haut));
 
-        // 10. Temperature: 0 on the pink line, 40 degrees half the chart's height above it.
+        // Temperature: 0 on the pink line, 40 degrees half the chart's height above it.
         const Variant degres = champ("température");
         if (!degres.IsNull())
             AjouterPoint(surface, temperature, X, Line1.at(0).Y1 - ((degres.ToDouble() / 40) * (Bas - Haut)) / 2);
 
-        // 11. and 12. The hour's picture, from its rows before minute 20 only; the last such row
-        //     wins. The sky first, then the weather over it, each later match over the earlier.
+        // The hour's picture, from its rows before minute 20 only; the last such row wins. The
+        // sky first, then the weather over it, each later match over the earlier.
         if (heure.minute() < 20) {
             Image& ico = *ICO[heure.hour()];
             const QString nuage = champ("nuage").Concat();
@@ -221,14 +225,14 @@ void Form1::TracerCourbe() {
         }
     }
 
-    // End 1. and 2. The bulletin of the day's last row, the one before the end, also when that
-    // row had no slot (23:45 and later).
+    // The bulletin of the day's last row, the one before the end, also when that row had no slot
+    // (23:45 and later).
     TXTbulletin->SetCaption(QString());
     if (!JeuReleves.Bof()) {
         JeuReleves.MovePrevious();
         ComposerBulletin(*TXTbulletin, JeuReleves);
     }
-    // End 3. and 4.
+    // Close the recordset and the database, and show the airport's picture.
     JeuReleves.Close();
     BaseReleves.Close();
     JeuReleves = Recordset();

@@ -78,30 +78,31 @@ void Form1::WireEvents() {
 }
 
 void Form1::Form_Load() {
-    // 1. The wind colours of the chart.
+    // The wind colours of the chart.
     FillPaletteForce(forms_.module1().PaletteForce);
-    // 2.
+    // Log the start.
     EcrireLog(QStringLiteral("Skelda Starting"), forms_.services().clock);
-    // 3. The bottom right corner of the whole screen, 15 twips from its edges: the taskbar isn't
-    //    taken into account, so the window may stand partly under it. The frame counts, as the
-    //    window's Height and Width do; it is known only once the window is first shown, and the
-    //    window is placed again then.
+    // Place the window in the bottom right corner of the whole screen, 15 twips from its edges:
+    // the taskbar isn't taken into account, so the window may stand partly under it. The frame
+    // counts, as the window's Height and Width do; it is known only once the window is first
+    // shown, and the window is placed again then.
     PlacerEnBasADroite(*this, 15);
-    // 4. The pressure line at 55 parts of 80 of the chart's height, 1015 hPa on a scale that
-    //    runs from 960 at the bottom to 1040 at the top.
+    // The pressure line at 55 parts of 80 of the chart's height, 1015 hPa on a scale that runs
+    // from 960 at the bottom to 1040 at the top.
     Line1015.Y1 = MaxFKNT.Y1 - (MaxFKNT.Y1 - MaxFKNT.Y2) * 55 / 80;
     Line1015.Y2 = Line1015.Y1;
     update();
-    // 5. Filling the list raises its Click, which draws nothing yet (ChargementFini is false).
-    //    With no active airport the list refuses its line 0 (380), and the start ends there.
+    // Fill the list of airports. Filling it raises its Click, which draws nothing yet
+    // (ChargementFini is false). With no active airport the list refuses its line 0 (380), and the
+    // start ends there.
     ListeAdapter<ListBox> liste(*List1);
     ChargerAeroports(liste, forms_.module1().TableIDA, DatabasePath());
-    // 6. and 7. The newest date.
+    // Fill the list of dates and select the newest.
     RemplirDates();
     ChoixDate->SetListIndex(ChoixDate->Tag.toInt());
-    // 8. The preferred airport.
+    // Select the preferred airport.
     List1->SetListIndex(List1->Tag.toInt());
-    // 9. and 10.
+    // The load is over: the chart's first drawing.
     ChargementFini = -1;
     TracerCourbe();
 }
@@ -112,18 +113,18 @@ void Form1::ChargerAeroportsList1() {
 }
 
 void Form1::RemplirDates() {
-    // 1.
+    // Empty the list of dates.
     ChoixDate->Clear();
     ChoixDate->Tag = QStringLiteral("0");
-    // 2.
+    // The dates of the observations, each once, in order.
     BaseReleves = OpenDatabase(DatabasePath());
     JeuReleves = BaseReleves.OpenRecordset(
         QStringLiteral("SELECT Zefir.DateRelevé From zefir GROUP BY Zefir.DateRelevé ORDER BY Zefir.DateRelevé;"),
         dbOpenSnapshot);
-    // 3. Every day, oldest first, and the Tag on the last entry, the newest date. The days go into
-    //    the list together once all are read: ten years are 3652 lines, and the list tells its
-    //    views of one insertion rather than of each line. Nothing runs between the lines, so
-    //    nobody can tell the difference.
+    // Every day, oldest first, and the Tag on the last entry, the newest date. The days go into
+    // the list together once all are read: ten years are 3652 lines, and the list tells its views
+    // of one insertion rather than of each line. Nothing runs between the lines, so nobody can
+    // tell the difference.
     QStringList jours;
     while (!JeuReleves.Eof()) {
         jours.append(JeuReleves.Fields(QStringLiteral("daterelevé")).ToText());
@@ -132,12 +133,12 @@ void Form1::RemplirDates() {
     ChoixDate->AddItems(jours);
     const int compteur = int(jours.size());
     if (compteur > 0) ChoixDate->Tag = QString::number(compteur - 1);
-    // 4.
+    // Close the recordset and the database.
     JeuReleves.Close();
     BaseReleves.Close();
     JeuReleves = Recordset();
     BaseReleves = Database();
-    // 5. An empty table: today alone, and the chart will be empty.
+    // An empty table: today alone, and the chart will be empty.
     if (compteur == 0) ChoixDate->AddItem(DateText(forms_.services().clock.Now().date()));
 }
 

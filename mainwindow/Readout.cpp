@@ -34,41 +34,43 @@ void Composer(Label& titre, Label& texte, Bulletin& B, const Libelles& mots) {
     auto ajouter = [&texte](const QString& morceau) { texte.SetCaption(texte.Caption() + morceau); };
     const QString crlf = QString::fromUtf16(CrLf);
 
-    // 1. and 2. An empty direction (a variable wind) is named as 0, north.
+    // The heading, then the wind's direction and speed. An empty direction (a variable wind) is
+    // named as 0, north.
     titre.SetCaption(QString::fromUtf16(mots.titre) + B.HeureReleve);
     texte.SetCaption(QStringLiteral("Wind from ") + NomDirection(B.OrientationDegre, true).Concat() + u' ' +
                      QString::number(B.ForceNoeuds) + QString::fromUtf16(mots.vitesse));
-    // 3.
+    // The gust, if any, and the line's end.
     if (B.ForceRafale > 0)
         ajouter(QString::fromUtf16(mots.rafale) + QString::number(B.ForceRafale) + QStringLiteral(" Knts") + crlf);
     else
         ajouter(crlf);
-    // 4. The flag decides, not the sectors: a variable wind shows both sector fields whatever
-    //    they hold, and a sector without the flag shows nothing.
+    // The shift between two sectors. The flag decides, not the sectors: a variable wind shows
+    // both sector fields whatever they hold, and a sector without the flag shows nothing.
     if (B.ZefirVariable != 0) {
         ajouter(QStringLiteral("Shifting from ") + NomCourt(QString::number(B.Secteur1)) + crlf);
         ajouter(QStringLiteral(" to ") + NomCourt(QString::number(B.Secteur2)) + crlf);
     }
-    // 5. to 9.
+    // Visibility, sky, weather, pressure and temperature, a line each.
     ajouter(QStringLiteral("visibility ") + B.Visibilite + crlf);
     ajouter(Trim(B.Nuage).toString() + crlf);
     ajouter(Trim(B.Temps).toString() + crlf);
     ajouter(QStringLiteral("Pressure ") + QString::number(B.Pression) + QStringLiteral(" hpa") + crlf);
     ajouter(QStringLiteral("Temperature ") + QString::number(B.Temperature) + QStringLiteral("°C") + crlf);
-    // 10.
+    // Fold doubled line ends, in one pass.
     texte.SetCaption(Replace(texte.Caption(), QString(crlf + crlf), crlf, Qt::CaseInsensitive));
 }
 
 }  // namespace
 
 void Form1::Form_MouseMove(int /*Button*/, int /*Shift*/, double X, double /*Y*/) {
-    // 1. Columns of 180 right of the axis, in single precision.
+    // The column under the pointer: columns of 180 right of the axis, in single precision.
     const float Q = (float(X) - float(MaxFKNT.X1)) / (float(WidthOf(FKNT[0])) - 15.0f);
-    // 2. and 3. The test takes the floor and the store the nearest: over the right half of a
-    //    column the test fails on every move and the panel is composed again each time. Left so.
+    // Nothing to do in the same column. The test takes the floor and the store the nearest: over
+    // the right half of a column the test fails on every move and the panel is composed again
+    // each time. Left so.
     if (std::floor(Q) == DerniereColonne) return;
     DerniereColonne = CInt(double(Q));
-    // 4. and 5. Off the chart, or a slot without an observation.
+    // Hide the panel off the chart, or over a slot without an observation.
     if (DerniereColonne < 0 || DerniereColonne > 47) {
         LeBulletin->setVisible(false);
         return;
@@ -78,18 +80,20 @@ void Form1::Form_MouseMove(int /*Button*/, int /*Shift*/, double X, double /*Y*/
         LeBulletin->setVisible(false);
         return;
     }
-    // 6. to 8.
+    // Decode the slot's report and show it in the panel.
     Bulletin B = DecoderMetaf(slot->Tag, forms_.services().clock);
     Composer(*TXTtitre, *TXTbulletin, B, LibellesForme);
     LeBulletin->setVisible(true);
 }
 
 void Form1::FKNT_MouseMove(int Index, int /*Button*/, int /*Shift*/, double /*X*/, double /*Y*/) {
-    // 1. "Visible" is the panel's own setting, also while the window itself is hidden.
+    // Nothing to do for the slot already shown. "Visible" is the panel's own setting, also while
+    // the window itself is hidden.
     if (DernierIndex == Index && !LeBulletin->isHidden()) return;
-    // 2. No test for an empty Tag: "" decodes the decoder's built-in sample.
+    // Decode the slot's report. No test for an empty Tag: "" decodes the decoder's built-in
+    // sample.
     Bulletin B = DecoderMetaf(FKNT[Index]->Tag, forms_.services().clock);
-    // 3. to 5. The slot is remembered after composing, unlike the form's handler.
+    // Show it in the panel. The slot is remembered after composing, unlike the form's handler.
     Composer(*TXTtitre, *TXTbulletin, B, LibellesEtiquette);
     LeBulletin->setVisible(true);
     DernierIndex = int16_t(Index);

@@ -16,23 +16,23 @@ constexpr double DotRadius = 30;
 }  // namespace
 
 void TracerFleche(double X, double Y, int16_t Angle, Surface& Surface, int16_t& Longueur) {
-    // 1. The angle turned a quarter and reversed, R = -(Angle + 90) degrees. The sum and the
-    //    product are 16-bit, so a large Angle overflows here, before anything is drawn.
+    // The angle turned a quarter and reversed, R = -(Angle + 90) degrees. The sum and the product
+    // are 16-bit, so a large Angle overflows here, before anything is drawn.
     const int16_t turned = Mul16(Add16(Angle, 90).Value(), -2).Value();
     const double R = turned * Pi / 360;
 
-    // 2. The default length also changes the caller's variable.
+    // The default length also changes the caller's variable.
     if (Longueur <= 0) Longueur = DefaultLength;
 
-    // 3. and 4. The two ends, each half the reach away from the centre.
+    // The two ends, each half the reach away from the centre.
     const double D = Longueur * 0.9;
     const double ax = X + D / 2 * std::cos(R);
     const double ay = Y - D / 2 * std::sin(R);
     const double bx = X - D / 2 * std::cos(R);
     const double by = Y + D / 2 * std::sin(R);
 
-    // 5. to 8. The stroke, then the dot at B, filled solid; the dot's edge takes the surface's
-    //    current drawing colour, as no colour is given for it.
+    // The stroke, then the dot at B, filled solid; the dot's edge takes the surface's current
+    // drawing colour, as no colour is given for it.
     Surface.SetDrawWidth(1);
     Surface.Line(ax, ay, bx, by, ArrowColour);
     Surface.SetFillStyle(vbFSSolid);
