@@ -95,15 +95,16 @@ void AeroportsConfig::WireEvents() {
 }
 
 void AeroportsConfig::Form_Load() {
-    // 1. No preferred airport until a row says so.
+    // No preferred airport until a row says so.
     PREF->Tag = QStringLiteral("0");
-    // 2.
+    // Every airport, by city.
     Database base = OpenDatabase(CheminBase(forms_));
     Recordset aeroports = base.OpenRecordset(TousLesAeroports, dbOpenSnapshot);
     int ligne = 0;
-    // 3. Selecting an active line raises Click at once, so the choice is judged line by line as
-    //    the list fills: a preferred airport met before its row is found active (or one that
-    //    isn't active at all) gives the "preferred" box already here, on purpose.
+    // One line per airport, selected when active. Selecting an active line raises Click at once,
+    // so the choice is judged line by line as the list fills: a preferred airport met before its
+    // row is found active (or one that isn't active at all) gives the "preferred" box already
+    // here, on purpose.
     while (!aeroports.Eof()) {
         List1->AddItem(aeroports.Fields(QStringLiteral("ville")).Concat() + QStringLiteral(" - ") +
                        aeroports.Fields(QStringLiteral("aéroport")).Concat());
@@ -116,13 +117,13 @@ void AeroportsConfig::Form_Load() {
         ++ligne;
         aeroports.MoveNext();
     }
-    // 4.
+    // Close the recordset and the database.
     aeroports.Close();
     base.Close();
 }
 
 void AeroportsConfig::List1_Click() {
-    // 1. A preferred line that isn't selected ends the count at -1.
+    // Count the selected lines. A preferred line that isn't selected ends the count at -1.
     const int32_t prefere = CLng(PREF->Tag);
     int compte = 0;
     for (int i = 0; i < List1->ListCount(); ++i) {
@@ -132,9 +133,10 @@ void AeroportsConfig::List1_Click() {
             break;
         }
     }
-    // 2. The count as it stands, -1 included.
+    // Show the count as it stands, -1 included.
     NBS->SetCaption(QString::number(compte) + QStringLiteral(" Selected Airports"));
-    // 3. to 5.
+    // Judge the choice: it can be stored only with the preferred airport among one or more
+    // selected.
     MessageBoxes& boxes = forms_.services().boxes;
     if (compte < 0) {
         boxes.MsgBox(QStringLiteral("You must have a prefered airpor selected."), vbOKOnly, QStringLiteral("Hum Hum"));
@@ -157,11 +159,11 @@ void AeroportsConfig::List1_DblClick() {
 }
 
 void AeroportsConfig::Command1_Click() {
-    // 1.
+    // Every airport, by city.
     Database base = OpenDatabase(CheminBase(forms_));
     Recordset aeroports = base.OpenRecordset(TousLesAeroports, dbOpenDynaset);
-    // 2. Every row is written, changed or not: this is how the old preferred airport loses its
-    //    mark, so that one row at most ends up preferred.
+    // Store each line's active and preferred marks. Every row is written, changed or not: this is
+    // how the old preferred airport loses its mark, so that one row at most ends up preferred.
     const int32_t prefere = CLng(PREF->Tag);
     for (int i = 0; i < List1->ListCount(); ++i) {
         aeroports.FindFirst(QStringLiteral("idx = ") + QString::number(List1->ItemData(i)));
@@ -170,11 +172,11 @@ void AeroportsConfig::Command1_Click() {
         aeroports.SetField(QStringLiteral("préféré"), prefere == aeroports.Fields(QStringLiteral("idx")).ToInt32());
         aeroports.Update();
     }
-    // 3.
+    // Close the recordset and the database.
     aeroports.Close();
     base.Close();
-    // 4. The main window's list and TableIDA follow the new choice. More active airports than
-    //    TableIDA has room for fail there, and end the program.
+    // The main window's list and TableIDA follow the new choice. More active airports than
+    // TableIDA has room for fail there, and end the program.
     forms_.Get<PollingForm>().ChargerAeroportsList1();
     Unload();
 }

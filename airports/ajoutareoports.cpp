@@ -103,15 +103,15 @@ void ajoutareoports::BuildControls() {
 }
 
 void ajoutareoports::Form_Load() {
-    // 1.
+    // Open the airports, by city.
     Database base = OpenDatabase(CheminBase(forms_));
     Recordset aeroports = base.OpenRecordset(TousLesAeroports, dbOpenDynaset);
-    // 2. Right after opening, the count is that of the rows reached so far: 1 (or 0 for an empty
-    //    table), not the table's size. It is shown as it stands.
+    // Show the count. Right after opening, it is that of the rows reached so far: 1 (or 0 for an
+    // empty table), not the table's size. It is shown as it stands.
     compteareoport->SetCaption(QString::number(aeroports.RecordCount()));
-    // 3. The selection form is still loaded: its Edit button loads this form before it goes. The
-    //    row found isn't used, and the recordset and the database are let go at the end of the
-    //    load without a Close.
+    // Look for the airport of the selection form's first line. That form is still loaded: its
+    // Edit button loads this form before it goes. The row found isn't used, and the recordset and
+    // the database are let go at the end of the load without a Close.
     aeroports.FindFirst(QStringLiteral("idx = ") + QString::number(forms_.Get<AeroportsConfig>().List1->ItemData(0)));
 }
 
@@ -119,35 +119,36 @@ void ajoutareoports::confirmerbtn_Click() {
     MessageBoxes& boxes = forms_.services().boxes;
     // No message ends the procedure: each check is followed by the next, and all of them by the
     // refill and the unload.
-    // 1.
+    // Open the airports, by city.
     Database base = OpenDatabase(CheminBase(forms_));
     Recordset aeroports = base.OpenRecordset(TousLesAeroports, dbOpenDynaset);
-    // 2. A code of four characters goes to upper case, in the box itself.
+    // The code. One of four characters goes to upper case, in the box itself.
     if (identificationaéroport->text().size() == 4)
         identificationaéroport->setText(identificationaéroport->text().toUpper());
     else
         boxes.MsgBox(QStringLiteral("Identification doit avoir quatre lettres"), vbOKOnly, {});
-    // 3. and 4.
+    // The names of the airport and of the city.
     if (nomareoport->text().isEmpty())
         boxes.MsgBox(QStringLiteral("Vous devez inscrire un nom d'aéroport"), vbOKOnly, {});
     if (villeareoport->text().isEmpty())
         boxes.MsgBox(QStringLiteral("Vous devez inscrire le nom de la ville"), vbOKOnly, {});
-    // 5. The time zone alone decides whether the row is written; an empty one writes nothing and
-    //    says nothing.
+    // The time zone alone decides whether the row is written; an empty one writes nothing and says
+    // nothing.
     if (!fuseauhorraire->text().isEmpty()) {
         if (IsNumeric(fuseauhorraire->text()))
             EnregistrerAeroport(base, aeroports);
         else
             boxes.MsgBox(QStringLiteral("Le fuseau horraire doit être numérique"), vbOKOnly, {});
     }
-    // 6. The new airport is active at once: the main window lists it, and polls it.
+    // Refill the main window's list and close. The new airport is active at once: the main window
+    // lists it, and polls it.
     forms_.Get<PollingForm>().ChargerAeroportsList1();
     Unload();
 }
 
 void ajoutareoports::EnregistrerAeroport(Database& base, Recordset& aeroports) {
-    // 1. to 3. idx comes from the database; codeforecast isn't written and stays Null, so the new
-    //    airport's line has no forecast mark.
+    // Write the row, active and not preferred. idx comes from the database; codeforecast isn't
+    // written and stays Null, so the new airport's line has no forecast mark.
     aeroports.AddNew();
     aeroports.SetField(QStringLiteral("IDA"), identificationaéroport->text());
     aeroports.SetField(QStringLiteral("aéroport"), nomareoport->text());
@@ -156,14 +157,14 @@ void ajoutareoports::EnregistrerAeroport(Database& base, Recordset& aeroports) {
     aeroports.SetField(QStringLiteral("activé"), true);
     aeroports.SetField(QStringLiteral("préféré"), false);
     aeroports.Update();
-    // 4.
+    // Close the recordset and the database.
     aeroports.Close();
     base.Close();
     aeroports = Recordset();
     base = Database();
-    // 5. The procedure has no handler of its own: a failed AddNew or Update has already left it
-    //    for the run-time error box, so the error number found here is always 0. The error's log
-    //    line stands all the same, as it always has.
+    // Log the outcome. The procedure has no handler of its own: a failed AddNew or Update has
+    // already left it for the run-time error box, so the error number found here is always 0. The
+    // error's log line stands all the same, as it always has.
     const ResumeNext erreur;
     if (erreur.Number() != NoError)
         EcrireLog(QStringLiteral("ERROR UPDATE : ") + erreur.Description(), forms_.services().clock);

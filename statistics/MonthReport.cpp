@@ -28,23 +28,24 @@ const QString Credit = QStringLiteral("Skelda - le zefir en temps réel");
 }  // namespace
 
 void StatistiqueMensuelle::MenuStatImprimer_Click() {
-    // 1.
+    // Ask first; No prints nothing.
     if (forms_.services().boxes.MsgBox(QStringLiteral("Tu veux imprimer le relevé ?"), vbYesNo,
                                        QStringLiteral("Question")) == vbNo)
         return;
-    // 2. From here on any failure drops the page.
+    // From here on any failure drops the page.
     std::shared_ptr<PageSurface> page;
     try {
-        // 3.
+        // Nothing to print before the window has finished loading.
         if (!StatPrete) return;
         page = Printer();
         PageSurface& printer = *page;
-        // 4. Measured before any font is set, so in the printer's default.
+        // The margin and the plot's size, measured before any font is set, so in the printer's
+        // default.
         const int16_t MargeGauche = CInt(printer.TextWidth(Mesure) + 50);
         const int16_t BasGraphe = CInt(printer.TextHeight(Mesure) + printer.Height() / 2);
         const int16_t HauteurGraphe = CInt(BasGraphe - 50 - printer.TextHeight(Mesure));
         const int16_t LargeurGraphe = CInt(printer.ScaleWidth() - 100 - printer.TextWidth(Mesure));
-        // 5.
+        // The bars are filled solid.
         printer.SetFillStyle(vbFSSolid);
 
         auto Ligne = [&](double y, Color colour) {
@@ -107,7 +108,7 @@ void StatistiqueMensuelle::MenuStatImprimer_Click() {
         };
 
         while (!JeuMois.Eof()) {
-            // 1. The wind, with the time of the peak 3 twips above the narrow bar.
+            // The wind, with the time of the peak 3 twips above the narrow bar.
             if (CheckCourbe.at(3)->Value() == 1) {
                 printer.SetFontSize(6);
                 printer.SetFillColor(PaletteForce(ClasseDe("zefirmaxi")));
@@ -121,7 +122,7 @@ void StatistiqueMensuelle::MenuStatImprimer_Click() {
                 printer.BoxStep(XJour(), BasGraphe, LargeurGraphe / 31.0, HauteurVent("zefirmoyen"), Black);
                 printer.SetFontSize(8);
             }
-            // 2. and 3. The curves, on the paper's scales.
+            // The curves of pressure and temperature, on the paper's scales.
             if (!champ("pmoyen").IsNull() && CheckCourbe.at(1)->Value() == 1) {
                 for (size_t k = 0; k < 3; ++k) {
                     AddMonthDot(run, printer, curves[k], points[k], XCentre, [&] {
@@ -137,10 +138,10 @@ void StatistiqueMensuelle::MenuStatImprimer_Click() {
                     });
                 }
             }
-            // 4. The arrow of every row, under the plot.
+            // The arrow of every row, under the plot.
             int16_t longueur = 200;
             TracerFleche(XCentre(), BasGraphe + 300, champ("Orientation").ToInt16(), printer, longueur);
-            // 5.
+            // On to the next day.
             JeuMois.MoveNext();
         }
         JeuMois.Close();

@@ -41,7 +41,7 @@ bool Holds(ResumeNext& step, Condition condition) {
 }  // namespace
 
 void StatistiqueMensuelle::AfficherMois() {
-    // 1. The load's own clicks draw nothing.
+    // Nothing until the window is loaded: the load's own clicks draw nothing.
     if (!StatPrete) return;
     ResumeNext step;
     Surface& surface = *drawingSurface;
@@ -63,28 +63,29 @@ void StatistiqueMensuelle::AfficherMois() {
     };
     auto HauteurVent = [&](const char* colonne) { return -(Y1() - Y2()) / 50 * champ(colonne).ToDouble(); };
 
-    // 2. and 3.
+    // The month's rows, one a day.
     step([&] { BaseMois = OpenDatabase(DatabasePath()); });
     step([&] { JeuMois = BaseMois.OpenRecordset(MonthQuery(), dbOpenSnapshot); });
-    // 4. to 6. Red is what a first bar keeps when its class has no colour.
+    // Clear the plot; the bars are filled solid. Red is what a first bar keeps when its class has
+    // no colour.
     step([&] { surface.Cls(); });
     step([&] { surface.SetFillStyle(vbFSSolid); });
     step([&] { surface.SetFillColor(255); });
-    // 7. The horizontal grid, every 2 knots. Classe is the loop's counter, and the rows find it
-    //    where the loops left it.
+    // The horizontal grid, every 2 knots. Classe is the loop's counter, and the rows find it where
+    // the loops left it.
     for (Classe = 1; Classe <= 24; ++Classe) {
         int16_t y = 0;
         step([&] { y = CInt(Y1() - ((Y1() - Y2()) * Classe) / 25); });
         step([&] { surface.Line(Lhorizontale.X1 + 15, y, Lhorizontale.X2 - 15, y, GridGrey); });
     }
-    // 8. The vertical grid at the right edge of every cell, also for days the month lacks.
+    // The vertical grid at the right edge of every cell, also for days the month lacks.
     for (Classe = 1; Classe <= 31; ++Classe) {
         double x = 0;
         step([&] { x = LeftOf(&JourCell(Classe)) + WidthOf(&JourCell(Classe)); });
         step([&] { surface.Line(x, Y1(), x, Y2(), GridGrey); });
     }
 
-    // 9. One pass per row.
+    // One pass per row.
     for (;;) {
         if (PassageDeBoucle) PassageDeBoucle();
         bool fin = false;
@@ -95,8 +96,8 @@ void StatistiqueMensuelle::AfficherMois() {
         });
         if (teste && fin) break;
 
-        // 1. to 9. The day's text. The first line replaces the last row's text; a row whose
-        //    direction can't be read keeps it, and appends its own lines to it.
+        // The day's text. The first line replaces the last row's text; a row whose direction
+        // can't be read keeps it, and appends its own lines to it.
         step([&] {
             QString degres = champ("Orientation").ToText();
             TexteJour = QStringLiteral("Secteur ") + NomDirection(degres, false).Concat() + QStringLiteral(" °") + crlf;
@@ -124,12 +125,12 @@ void StatistiqueMensuelle::AfficherMois() {
             [&] { TexteJour += QStringLiteral("P  maxi ") + champ("pmaxi").Concat() + QStringLiteral(" Hpa") + crlf; });
         step(
             [&] { TexteJour += QStringLiteral("P  mini ") + champ("pmini").Concat() + QStringLiteral(" Hpa") + crlf; });
-        // 10. and 11.
+        // The day's cell keeps the text, and shows it as its tip.
         step([&] { JourCell(JourCourant()).Tag = TexteJour; });
         step([&] { JourCell(JourCourant()).setToolTip(TexteJour); });
 
-        // 12. The wind bars: the maximum narrow, edged in the window's colour, the mean over its
-        //     foot at full width. A class beyond the table keeps the fill colour as it was.
+        // The wind bars: the maximum narrow, edged in the window's colour, the mean over its foot
+        // at full width. A class beyond the table keeps the fill colour as it was.
         if (Holds(step, [&] { return CheckCourbe.at(3)->Value() == 1; })) {
             step([&] { Classe = MonthWindClass(champ("zefirmaxi")); });
             step([&] {
@@ -151,7 +152,7 @@ void StatistiqueMensuelle::AfficherMois() {
                 surface.BoxStep(LeftOf(&jour), Lhorizontale.Y1, WidthOf(&jour) - 15, HauteurVent("zefirmoyen"));
             });
         }
-        // 13. and 14. The curves; only the mean is looked at for a Null.
+        // The curves of pressure and temperature; only the mean is looked at for a Null.
         if (Holds(step, [&] { return !champ("pmoyen").IsNull() && CheckCourbe.at(1)->Value() == 1; })) {
             for (size_t k = 0; k < 3; ++k) {
                 AddMonthDot(step, surface, curves[k], points[k], XCentre, [&] {
@@ -168,17 +169,17 @@ void StatistiqueMensuelle::AfficherMois() {
                 });
             }
         }
-        // 15. The arrow of every row, whatever the boxes say, in a row between the plot and the
-        //     cells; length 0 asks for the default.
+        // The arrow of every row, whatever the boxes say, in a row between the plot and the cells;
+        // length 0 asks for the default.
         step([&] {
             int16_t longueur = 0;
             TracerFleche(XCentre(), Lhorizontale.Y2 + 120, champ("Orientation").ToInt16(), surface, longueur);
         });
-        // 16.
+        // On to the next day.
         step([&] { JeuMois.MoveNext(); });
     }
 
-    // 10.
+    // Close the recordset and the database.
     step([&] { JeuMois.Close(); });
     step([&] { BaseMois.Close(); });
     JeuMois = Recordset();

@@ -241,12 +241,13 @@ void StatistiqueMensuelle::WireEvents() {
 }
 
 void StatistiqueMensuelle::Form_Load() {
-    // 1. The wind colours, so that this window doesn't depend on the main window's load.
+    // The wind colours, so that this window doesn't depend on the main window's load.
     FillPaletteForce(forms_.module1().PaletteForce);
-    // 2.
+    // Number the day cells "01" to "31".
     for (int i = 1; i <= 31; ++i) Jour[i]->SetCaption(FormatDigits(i, 2));
-    // 3. to 5. Each raises a Click that reaches AfficherMois, which draws nothing yet. The year
-    //    list holds 2003 to 2005 only: any other year is refused here, and the load fails.
+    // Fill the airports and select today's month and year. Each raises a Click that reaches
+    // AfficherMois, which draws nothing yet. The year list holds 2003 to 2005 only: any other year
+    // is refused here, and the load fails.
     ListeAdapter<ListBox> liste(*Aeroports);
     ChargerAeroports(liste, forms_.module1().TableIDA, DatabasePath());
     const QDate today = forms_.services().clock.Now().date();
@@ -257,8 +258,8 @@ void StatistiqueMensuelle::Form_Load() {
     const int annee = today.year() - 2003;
     if (annee < 0) throw RuntimeError(InvalidPropertyValue);
     Annee->SetListIndex(annee);
-    // 6. The wind scale, one label every 5 knots beside the plot, from the plot's own lines and
-    //    its design top: 5106.5 - 100 i, to the even whole number, 4606 down to 106.
+    // The wind scale, one label every 5 knots beside the plot, from the plot's own lines and its
+    // design top: 5106.5 - 100 i, to the even whole number, 4606 down to 106.
     for (int i = 1; i <= 50; ++i) {
         if (i % 5 != 0) continue;
         Label* label = ScaleLabel(Client, Indexed("TxtTemp", i), QString(), LeftOf(TxtTemp[0]), TopOf(TxtTemp[0]), Navy,
@@ -270,7 +271,7 @@ void StatistiqueMensuelle::Form_Load() {
         label->SetCaption(QString::number(i) + QStringLiteral(" nds"));
         label->setVisible(true);
     }
-    // 7.
+    // The load is over: clicks draw the month from now on.
     StatPrete = -1;
 }
 

@@ -32,16 +32,16 @@ int32_t TrouverAeroport(const QString& Code, const QString& databasePath) {
 }
 
 void ChargerAeroports(ListeControle& Liste, TableIDAType& TableIDA, const QString& databasePath) {
-    // 1. An empty list with no preferred line yet.
+    // Start from an empty list with no preferred line yet.
     Liste.Clear();
     Liste.SetTag(QStringLiteral("0"));
 
-    // 2. The active airports, by city.
+    // The active airports, by city.
     Database base = OpenDatabase(databasePath);
     Recordset aeroports = base.OpenRecordset(LignesActives, dbOpenSnapshot);
     int ligne = 0;
 
-    // 3. One line per airport. The steps run in this order on purpose: a 102nd airport is added
+    // One line per airport. The steps run in this order on purpose: a 102nd airport is added
     // to the list with its ItemData before TableIDA refuses it, and the failure then stops the
     // filling with the database still open, as an unhandled failure always did.
     while (!aeroports.Eof()) {
@@ -58,11 +58,11 @@ void ChargerAeroports(ListeControle& Liste, TableIDAType& TableIDA, const QStrin
         aeroports.MoveNext();
     }
 
-    // 4.
+    // Close the recordset and the database.
     aeroports.Close();
     base.Close();
 
-    // 5. Selects the preferred airport, or the first line. On an empty list this asks for line 0
+    // Select the preferred airport, or the first line. On an empty list this asks for line 0
     // all the same, with no special treatment, and the list refuses it.
     Liste.SetListIndex(CInt(Liste.Tag()));
 }

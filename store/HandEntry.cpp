@@ -13,22 +13,23 @@
 namespace skelda {
 
 QString EnregistrerMetaf(const QString& Texte, const QString& databasePath, const Clock& clock) {
-    // 1. The decoder never fails; an empty text gives the built-in sample.
+    // Decode the text. The decoder never fails; an empty text gives the built-in sample.
     const Bulletin releve = DecoderMetaf(Texte, clock);
 
-    // 2. From here on, a failed step is skipped.
+    // From here on, a failed step is skipped.
     ResumeNext step;
     Database base;
     Recordset jeu;  // one recordset variable, used for Aéroports and then for Zefir
     QString lieu;
     QString resultat;
 
-    // 3.
+    // Open the airports.
     step([&] { base = OpenDatabase(databasePath); });
     step([&] { jeu = base.OpenRecordset(QStringLiteral("Aéroports"), dbOpenDynaset); });
 
-    // 4. The test of the search is a step of its own. When it fails, the mode goes on with the
-    // statement behind it, the first of its body: a failed test counts as met.
+    // Name the place from the airport of the report's station code. The test of the search is a
+    // step of its own. When it fails, the mode goes on with the statement behind it, the first of
+    // its body: a failed test counts as met.
     step([&] { jeu.FindFirst(QStringLiteral("IDA = '") + releve.Ida + QStringLiteral("'")); });
     bool trouve = true;
     step([&] { trouve = !jeu.NoMatch(); });
@@ -38,21 +39,21 @@ QString EnregistrerMetaf(const QString& Texte, const QString& databasePath, cons
                    jeu.Fields(QStringLiteral("aéroport")).Concat();
         });
 
-    // 5.
+    // Done with the airports.
     step([&] { jeu.Close(); });
 
     if (lieu.isEmpty()) {
-        // 6. No airport of that code: nothing is written and nothing is logged.
+        // No airport of that code: nothing is written and nothing is logged.
         resultat = QStringLiteral("Erreur : Pas d'aéroport correspondant");
     } else {
-        // 7. The row, AddNew to Update, each statement a step. The place stands in lieu, and no
+        // Write the row, AddNew to Update, each statement a step. The place stands in lieu, and no
         // airport number is written: a typed observation isn't tied to an
         // airport, so that the chart and the monthly figures, which select by number, leave it out.
         step([&] { jeu = base.OpenRecordset(QStringLiteral("Zefir"), dbOpenDynaset); });
         AjouterReleve(
             jeu, step, QStringLiteral("lieu"), [&] { return Variant(lieu); }, releve, Texte);
 
-        // 8. The last failure since step 2, whichever statement raised it.
+        // Judge by the last failure of any step above, whichever statement raised it.
         if (step.Number() != 0) {
             resultat = QStringLiteral("Error : ") + step.Description();
             EcrireLog(resultat, clock);
@@ -60,7 +61,7 @@ QString EnregistrerMetaf(const QString& Texte, const QString& databasePath, cons
         step([&] { jeu.Close(); });
     }
 
-    // 9.
+    // Close the database.
     jeu = Recordset();
     step([&] { base.Close(); });
     base = Database();

@@ -115,15 +115,16 @@ void FrmIcone::WireEvents() {
 }
 
 void FrmIcone::Form_Load() {
-    // 1. This first touch of Form1 loads it and runs its whole Form_Load, so the log line
-    //    "Skelda Starting", the database reads and the first chart come before the icon.
+    // The main window's icon, for the start-up screen. This first touch of Form1 loads it and runs
+    // its whole Form_Load, so the log line "Skelda Starting", the database reads and the first
+    // chart come before the icon.
     Form1& form1 = forms_.Get<Form1>();
     Image1->SetPicture(form1.windowIcon().pixmap(QSize(64, 64)));
-    // 2.
+    // No poll before the start is over.
     form1.T.SetEnabled(false);
-    // 3. Out of the task list: the start form is a tool window.
+    // Out of the task list: the start form is a tool window.
     setWindowFlag(Qt::Tool, true);
-    // 4. and 5.
+    // Add the icon to the notification area, with the tip "Skelda".
     IconeNotif.cbSize = 88;
     IconeNotif.hWnd = uintptr_t(winId());
     IconeNotif.uID = 1;
@@ -135,11 +136,11 @@ void FrmIcone::Form_Load() {
 }
 
 void FrmIcone::Form_MouseMove(int /*Button*/, int /*Shift*/, double X, double /*Y*/) {
-    // 1. The platform delivers the icon's message in X, in twips.
+    // The platform delivers the icon's message in X, in twips.
     MessageSouris = CLng(X / TwipsPerPixel);
-    // 2. The popup menu keeps this handler open; messages that come meanwhile are dropped.
+    // The popup menu keeps this handler open; messages that come meanwhile are dropped.
     if (FormIconeActif != 0) return;
-    // 3. to 5.
+    // A left double click shows the main window, a right click the menu; others are ignored.
     FormIconeActif = -1;
     if (MessageSouris == MsgLeftDoubleClick)
         ZefirDemand();
@@ -166,18 +167,18 @@ void FrmIcone::ZefirDemand() {
 void FrmIcone::Quitter_Click() {
     // Nothing may stop the exit: each statement that fails is skipped.
     ResumeNext step;
-    // 1. and 2.
+    // Take the icon away.
     step([&] {
         IconeNotif.cbSize = 88;
         IconeNotif.hWnd = uintptr_t(winId());
         IconeNotif.uID = 1;
     });
     step([&] { Shell_NotifyIconA(NIM_DELETE); });
-    // 3. Lets the notification area take the icon away before the process goes.
+    // Let the notification area take the icon away before the process goes.
     step([&] { QCoreApplication::processEvents(); });
-    // 4.
+    // Log the end.
     step([&] { EcrireLog(QStringLiteral("Skelda Terminated"), forms_.services().clock); });
-    // 5.
+    // End the process at once, without unloading any form.
     step([&] { TerminerProcessus(); });
 }
 
