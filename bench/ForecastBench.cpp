@@ -9,6 +9,7 @@
 #include "Forms.h"
 #include "GuiBenchmarks.h"
 #include "HiddenTextBox.h"
+#include "NotificationArea.h"
 #include "RunTime.h"
 #include "Seams.h"
 
@@ -50,7 +51,10 @@ struct Banc {
     FixedClock clock{QDateTime(QDate(2004, 11, 2), QTime(10, 5))};
     test::ScriptedRandom random;
     RunTimeGuard guard{boxes, [](int) {}};
-    Services services{clock, random, boxes, guard, {}, {}, {}, QString()};
+    test::TestPrinter printer;
+    test::CountingProcessEnd processEnd;
+    DesktopNotificationArea notificationArea;
+    Services services{clock, random, boxes, guard, {}, {}, {}, QString(), printer, processEnd, notificationArea};
     Forms forms{services};
     Banc() { ProvideForecastForms(forms); }
 };

@@ -22,6 +22,7 @@
 #include "Forms.h"
 #include "FrmIcone.h"
 #include "GuiBenchmarks.h"
+#include "NotificationArea.h"
 #include "RunTime.h"
 #include "Seams.h"
 #include "SyntheticStore.h"
@@ -92,7 +93,11 @@ private:
     test::ScriptedRandom random_;
     test::RecordingBoxes boxes_;
     RunTimeGuard guard_{boxes_, [](int) {}};
-    Services services_{clock_, random_, boxes_, guard_, {}, {}, {}, store_.path()};
+    test::TestPrinter printer_;
+    test::CountingProcessEnd processEnd_;
+    DesktopNotificationArea notificationArea_;
+    Services services_{clock_,        random_,  boxes_,      guard_,           {}, {}, {},
+                       store_.path(), printer_, processEnd_, notificationArea_};
     Forms forms_{services_};
 };
 

@@ -9,6 +9,7 @@
 #include "Form1.h"
 #include "Forms.h"
 #include "GuiBenchmarks.h"
+#include "NotificationArea.h"
 #include "RecordingSurface.h"
 #include "RunTime.h"
 #include "Seams.h"
@@ -80,7 +81,11 @@ private:
     SystemRandom random_;
     test::RecordingBoxes boxes_;
     RunTimeGuard guard_{boxes_, [](int) {}};
-    Services services_{clock_, random_, boxes_, guard_, {}, {}, {}, store_.path()};
+    test::TestPrinter printer_;
+    test::CountingProcessEnd processEnd_;
+    DesktopNotificationArea notificationArea_;
+    Services services_{clock_,        random_,  boxes_,      guard_,           {}, {}, {},
+                       store_.path(), printer_, processEnd_, notificationArea_};
     Forms forms_{services_};
 };
 

@@ -18,6 +18,8 @@
 #include "Forms.h"
 #include "FrmIcone.h"
 #include "GuiBenchmarks.h"
+#include "NotificationArea.h"
+#include "Printer.h"
 #include "RunTime.h"
 #include "Seams.h"
 #include "SeedDatabase.h"
@@ -61,7 +63,10 @@ int StartSkelda(int argc, char** argv, const QString& folder) {
     QApplication::setQuitOnLastWindowClosed(false);
     SystemClock clock;
     SystemRandom random;
-    Services services{clock, random, boxes, guard, {}, {}, {}, folder};
+    SystemPrinter printer;
+    SystemProcessEnd processEnd;
+    DesktopNotificationArea notificationArea;
+    Services services{clock, random, boxes, guard, {}, {}, {}, folder, printer, processEnd, notificationArea};
     UpgradeDatabase(folder + QStringLiteral("/database.mdb"), DatabaseSchema());
     Forms forms(services);
     forms.Provide<Form1>(&LoadForm1WithPollCycle);
@@ -125,7 +130,11 @@ private:
     SystemRandom random_;
     test::RecordingBoxes boxes_;
     RunTimeGuard guard_{boxes_, [](int) {}};
-    Services services_{clock_, random_, boxes_, guard_, {}, {}, {}, store_.path()};
+    test::TestPrinter printer_;
+    test::CountingProcessEnd processEnd_;
+    DesktopNotificationArea notificationArea_;
+    Services services_{clock_,        random_,  boxes_,      guard_,           {}, {}, {},
+                       store_.path(), printer_, processEnd_, notificationArea_};
     Forms forms_{services_};
 };
 

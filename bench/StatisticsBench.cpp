@@ -8,6 +8,7 @@
 // airport, and the month moves through the three years of the window's list.
 #include "Forms.h"
 #include "GuiBenchmarks.h"
+#include "NotificationArea.h"
 #include "PrinterSurface.h"
 #include "RecordingSurface.h"
 #include "RunTime.h"
@@ -51,6 +52,7 @@ public:
     StatistiqueMensuelle& form() { return forms_.Get<StatistiqueMensuelle>(); }
     QString Folder() const { return store_.path(); }
     bool Failed() const { return !boxes_.failures.empty(); }
+    test::TestPrinter& printer() { return printer_; }
 
     // Selects the airport, month and year of iteration N without raising the lists' clicks: the
     // 36 months of 2003 to 2005 in turn, every month with 28 to 31 days of observations.
@@ -78,7 +80,11 @@ private:
     SystemRandom random_;
     YesBoxes boxes_;
     RunTimeGuard guard_{boxes_, [](int) {}};
-    Services services_{clock_, random_, boxes_, guard_, {}, {}, {}, store_.path()};
+    test::TestPrinter printer_;
+    test::CountingProcessEnd processEnd_;
+    DesktopNotificationArea notificationArea_;
+    Services services_{clock_,        random_,  boxes_,      guard_,           {}, {}, {},
+                       store_.path(), printer_, processEnd_, notificationArea_};
     Forms forms_{services_};
 };
 
@@ -90,7 +96,7 @@ void BM_AfficherMoisOnRecording(benchmark::State& state) {
     Station& station = Station::Instance();
     StatistiqueMensuelle& form = station.form();
     RecordingSurface recording;
-    form.drawingSurface = &recording;
+    form.DrawOn(recording);
     int n = 0;
     for (auto _ : state) {
         station.Select(n++);
@@ -98,7 +104,7 @@ void BM_AfficherMoisOnRecording(benchmark::State& state) {
         form.AfficherMois();
         if (recording.Boxes().size() < 2 * 28) state.SkipWithError("the month isn't whole");
     }
-    form.drawingSurface = form.Picture1;
+    form.DrawOn(*form.Picture1);
 }
 
 void BM_AfficherMoisOnPicture1(benchmark::State& state) {
@@ -128,7 +134,7 @@ void BM_ReportOnRecording(benchmark::State& state) {
     Station& station = Station::Instance();
     StatistiqueMensuelle& form = station.form();
     auto page = std::make_shared<RecordingSurface>();
-    form.Printer = [page] {
+    station.printer().pages = [page] {
         page->Clear();
         return page;
     };
@@ -144,7 +150,7 @@ void BM_ReportToPdf(benchmark::State& state) {
     Station& station = Station::Instance();
     StatistiqueMensuelle& form = station.form();
     const QString pdf = station.Folder() + QStringLiteral("/report.pdf");
-    form.Printer = [pdf] { return std::make_shared<PrinterSurface>(pdf); };
+    station.printer().pages = [pdf] { return std::make_shared<PrinterSurface>(pdf); };
     int n = 0;
     for (auto _ : state) {
         station.Select(n++);

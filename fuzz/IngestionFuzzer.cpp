@@ -7,6 +7,8 @@
 #include "Form1.h"
 #include "Forms.h"
 #include "MessageBoxes.h"
+#include "NotificationArea.h"
+#include "Printer.h"
 #include "Random.h"
 #include "RunTime.h"
 #include "SeedDatabase.h"
@@ -109,7 +111,12 @@ private:
     FixedRandom random_;
     NoBoxes boxes_;
     RunTimeGuard guard_{boxes_, [](int number) { NoBoxes::Crash("the end of the program", QString::number(number)); }};
-    Services services_{clock_, random_, boxes_, guard_, {QStringLiteral("127.0.0.1"), 9}, {}, {}, store_.path()};
+    // Nothing prints and nothing quits here; the start form, whose icon this is, isn't loaded.
+    SystemPrinter printer_;
+    SystemProcessEnd processEnd_;
+    DesktopNotificationArea notificationArea_;
+    Services services_{clock_,        random_,  boxes_,      guard_,           {QStringLiteral("127.0.0.1"), 9}, {}, {},
+                       store_.path(), printer_, processEnd_, notificationArea_};
     Forms forms_{services_};
     Form1* form_ = nullptr;
 };

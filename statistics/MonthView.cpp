@@ -44,7 +44,7 @@ void StatistiqueMensuelle::AfficherMois() {
     // 1. The load's own clicks draw nothing.
     if (!StatPrete) return;
     ResumeNext step;
-    Surface& surface = *drawingSurface;
+    Surface& surface = *drawingSurface_;
     const PaletteForceTable& PaletteForce = forms_.module1().PaletteForce;
     const auto curves = MonthCurves(MonthMedium::Screen);
     std::array<CurvePoint, 6> points{};
@@ -86,7 +86,7 @@ void StatistiqueMensuelle::AfficherMois() {
 
     // 9. One pass per row.
     for (;;) {
-        if (PassageDeBoucle) PassageDeBoucle();
+        if (passageDeBoucle_) passageDeBoucle_();
         bool fin = false;
         bool teste = false;
         step([&] {

@@ -7,7 +7,6 @@
 #include "Convert.h"
 #include "Failure.h"
 #include "Forms.h"
-#include "PrinterSurface.h"
 #include "RunTime.h"
 #include "SurfacePainting.h"
 #include "Text.h"
@@ -93,8 +92,7 @@ StatistiqueMensuelle::StatistiqueMensuelle(Forms& forms) : forms_(forms) {
     BuildControls();
     BuildMenu();
     WireEvents();
-    drawingSurface = Picture1;
-    Printer = [] { return std::make_shared<PrinterSurface>(); };
+    drawingSurface_ = Picture1;
 }
 
 StatistiqueMensuelle::~StatistiqueMensuelle() = default;

@@ -11,7 +11,6 @@
 
 #include "Controls.h"
 #include "Dao.h"
-#include "PageSurface.h"
 #include "StatisticsControls.h"
 
 #include <QMainWindow>
@@ -20,7 +19,7 @@
 #include <cstdint>
 #include <functional>
 #include <map>
-#include <memory>
+#include <utility>
 
 class QAction;
 class QMenu;
@@ -71,15 +70,6 @@ public:
     Database BaseMois;
     Recordset JeuMois;
 
-    // Where AfficherMois draws: Picture1, unless a test watches the drawing through another surface.
-    Surface* drawingSurface = nullptr;
-    // Makes the page that the report is printed on: the system's default printer. Tests give a
-    // recording or a PDF file instead.
-    std::function<std::shared_ptr<PageSurface>()> Printer;
-    // Called at each test of AfficherMois' row loop, before the test. Only tests set it: they
-    // watch a loop that the program never leaves (no database, no airport) and end it by throwing.
-    std::function<void()> PassageDeBoucle;
-
     // ---- Procedures of the form.
     // The wind colours, the day numbers, the airports, today's month and year, the wind scale,
     // then StatPrete. No protection: a failure reaches the caller.
@@ -103,6 +93,15 @@ public:
     // selected it fails: "Subscript out of range" (9).
     QString MonthQuery() const;
 
+    // Where AfficherMois draws from now on: Picture1 from the start, or a surface through which
+    // a test watches the drawing. The surface must outlive the form or the next call.
+    void DrawOn(Surface& surface) { drawingSurface_ = &surface; }
+    Surface& DrawingSurface() const { return *drawingSurface_; }
+    // Pass is called at each test of AfficherMois' row loop, before the test. Only tests give one:
+    // they watch a loop that the program never leaves (no database, no airport) and end it by
+    // throwing.
+    void WatchRowLoop(std::function<void()> Pass) { passageDeBoucle_ = std::move(Pass); }
+
 protected:
     void closeEvent(QCloseEvent* event) override;  // Form_Unload
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -115,6 +114,8 @@ private:
     // The day cell of a day of the month; "Subscript out of range" (9) outside 1 to 31.
     Label& JourCell(int index) const;
     Forms& forms_;
+    Surface* drawingSurface_ = nullptr;
+    std::function<void()> passageDeBoucle_;
 };
 
 }  // namespace skelda

@@ -7,7 +7,6 @@
 #include <QLabel>
 #include <QMenu>
 #include <QScreen>
-#include <cstdlib>
 #include <memory>
 
 #include "Acquisition.h"
@@ -18,6 +17,7 @@
 #include "Forms.h"
 #include "Images.h"
 #include "Log.h"
+#include "NotifyIcon.h"
 #include "ResumeNext.h"
 #include "RunTime.h"
 #include "StatistiqueMensuelle.h"
@@ -27,9 +27,6 @@ namespace skelda {
 
 namespace {
 
-constexpr int NIM_ADD = 0;
-constexpr int NIM_MODIFY = 1;
-constexpr int NIM_DELETE = 2;
 constexpr int TailleTip = 64;  // the tip field's fixed width, in characters
 
 // The record's fixed-width tip field: the text from the left, cut to the field, blanks behind.
@@ -38,10 +35,6 @@ QString ChampTip(const QString& texte) { return texte.left(TailleTip).leftJustif
 }  // namespace
 
 FrmIcone::FrmIcone(Forms& forms) : forms_(forms) {
-    // The process ends at once, as the run time's End does: no form unloads, nothing is closed.
-    // The log line was written and closed before.
-    TerminerProcessus = [] { std::_Exit(0); };
-    Shell_NotifyIconA = [this](int dwMessage) { ZoneDeNotification(dwMessage); };
     BuildControls();
     BuildMenu();
     WireEvents();
@@ -188,8 +181,8 @@ void FrmIcone::Quitter_Click() {
     step([&] { QCoreApplication::processEvents(); });
     // 4.
     step([&] { EcrireLog(QStringLiteral("Skelda Terminated"), forms_.services().clock); });
-    // 5.
-    step([&] { TerminerProcessus(); });
+    // 5. The log line was written and closed before.
+    step([&] { forms_.services().processEnd.End(0); });
 }
 
 void FrmIcone::Timer1_Timer() {
@@ -210,41 +203,16 @@ void FrmIcone::Timer1_Timer() {
     NewTitle(titre);
 }
 
-QString FrmIcone::TipText() const {
-    // Qt's tip is a text, not a fixed field: it ends at a NUL, and the field's blanks and the
-    // line end before them, which would show as an empty line, aren't part of it.
-    QString tip = IconeNotif.szTip;
-    const qsizetype nul = tip.indexOf(QChar(u'\0'));
-    if (nul >= 0) tip.truncate(nul);
-    while (!tip.isEmpty() && (tip.back() == u' ' || tip.back() == u'\r' || tip.back() == u'\n')) tip.chop(1);
-    return tip;
+void FrmIcone::Shell_NotifyIconA(int dwMessage) {
+    forms_.services().notificationArea.Shell_NotifyIconA(dwMessage, IconeNotif);
 }
 
-void FrmIcone::ZoneDeNotification(int dwMessage) {
-    // The notification area's answers aren't looked at, and a desktop without one gets no icon.
-    switch (dwMessage) {
-        case NIM_ADD:
-            if (!QSystemTrayIcon::isSystemTrayAvailable()) return;
-            if (Icone == nullptr) {
-                Icone = new NotifyIcon(this);
-                Icone->setObjectName(QStringLiteral("IconeNotif"));
-                // Every message of the icon comes to Form_MouseMove in X, in twips.
-                On(guard(), Icone, &NotifyIcon::Message, this,
-                   [this](int32_t message) { Form_MouseMove(0, 0, double(message) * TwipsPerPixel, 0); });
-            }
-            Icone->setIcon(IconeNotif.hIcon);
-            Icone->setToolTip(TipText());
-            Icone->Show();
-            break;
-        case NIM_MODIFY:
-            if (Icone != nullptr) Icone->setToolTip(TipText());
-            break;
-        case NIM_DELETE:
-            if (Icone != nullptr) Icone->hide();
-            break;
-        default:
-            break;
-    }
+bool FrmIcone::event(QEvent* event) {
+    if (event->type() != IconMessageEvent::EventType()) return QWidget::event(event);
+    // Every message of the icon comes to Form_MouseMove in X, in twips.
+    const int32_t message = static_cast<IconMessageEvent*>(event)->Message();
+    guard().Handle([&] { Form_MouseMove(0, 0, double(message) * TwipsPerPixel, 0); });
+    return true;
 }
 
 }  // namespace skelda

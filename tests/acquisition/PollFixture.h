@@ -23,6 +23,7 @@
 #include "Form1.h"
 #include "Forms.h"
 #include "GuiApplication.h"
+#include "NotificationArea.h"
 #include "RecordingSurface.h"
 #include "RunTime.h"
 #include "Seams.h"
@@ -169,6 +170,20 @@ inline constexpr int LigneHeathrow = 0;
 inline constexpr int LigneBourget = 1;
 inline constexpr int LigneRoissy = 2;
 
+// The desktop's notification area, with a watch that the tests of the start form set: it sees
+// each call before the call goes on, and may fail it by throwing.
+class WatchedNotificationArea : public NotificationArea {
+public:
+    void Shell_NotifyIconA(int dwMessage, const NotifyIconData& Data) override {
+        if (watch) watch(dwMessage, Data);
+        desktop_.Shell_NotifyIconA(dwMessage, Data);
+    }
+    std::function<void(int dwMessage, const NotifyIconData& Data)> watch;
+
+private:
+    DesktopNotificationArea desktop_;
+};
+
 // The application comes first: the server's socket needs its event loop from its construction.
 struct WithGuiApplication {
     WithGuiApplication() { EnsureGuiApplication(); }
@@ -233,7 +248,10 @@ protected:
     // A failure that no handler catches ends here, in the box, instead of ending the test program.
     std::vector<int> runTimeEnds;
     RunTimeGuard guard{boxes, [this](int number) { runTimeEnds.push_back(number); }};
-    Services services{clock, random, boxes, guard, {}, {}, {}, db.Folder()};
+    TestPrinter printer;
+    CountingProcessEnd processEnd;
+    WatchedNotificationArea notificationArea;
+    Services services{clock, random, boxes, guard, {}, {}, {}, db.Folder(), printer, processEnd, notificationArea};
     Forms forms{services};
 };
 

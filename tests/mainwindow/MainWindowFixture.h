@@ -7,6 +7,7 @@
 #include "Form1.h"
 #include "Forms.h"
 #include "GuiApplication.h"
+#include "NotificationArea.h"
 #include "RecordingSurface.h"
 #include "RunTime.h"
 #include "Seams.h"
@@ -132,7 +133,10 @@ protected:
     // A failure that no handler catches ends here, in the box, instead of ending the test program.
     std::vector<int> runTimeEnds;
     RunTimeGuard guard{boxes, [this](int number) { runTimeEnds.push_back(number); }};
-    Services services{clock, random, boxes, guard, {}, {}, {}, db.Folder()};
+    TestPrinter printer;
+    CountingProcessEnd processEnd;
+    DesktopNotificationArea notificationArea;
+    Services services{clock, random, boxes, guard, {}, {}, {}, db.Folder(), printer, processEnd, notificationArea};
     Forms forms{services};
     RecordingSurface recording;
 };

@@ -35,7 +35,7 @@ protected:
     // The form with its printer on a fresh recording page whose default font is 10 points.
     StatistiqueMensuelle& FormPrintingOnRecording() {
         StatistiqueMensuelle& f = FormOnRecording();
-        f.Printer = [this] {
+        printer.pages = [this] {
             ++pagesMade;
             page = std::make_shared<RecordingSurface>();
             page->SetFontSize(10);
@@ -303,7 +303,7 @@ TEST_F(MonthReport, APrinterThatRefusesTheJobEndsInTheBoxAndNothingIsPrinted) {
     Observe(LeBourget, MarchDay(5), QTime(10, 0), 20);
     StatistiqueMensuelle& f = Form();
     const QString nowhere = db.Folder() + QStringLiteral("/no such folder/report.pdf");
-    f.Printer = [&] { return std::make_shared<PrinterSurface>(nowhere); };
+    printer.pages = [&] { return std::make_shared<PrinterSurface>(nowhere); };
     Print(f);
     ASSERT_EQ(boxes.shown.size(), 2u);
     EXPECT_EQ(boxes.shown[1].prompt, QStringLiteral("Impossible d'imprimer ") + ErrorDescription(PrinterError));
@@ -319,7 +319,7 @@ TEST_F(MonthReport, TheReportIsOnePageWithTheScaleTheDaysAndTheHeading) {
                 d % 15, 1000 + d % 25);
     StatistiqueMensuelle& f = Form();
     const QString pdf = db.Folder() + QStringLiteral("/report.pdf");
-    f.Printer = [&] { return std::make_shared<PrinterSurface>(pdf); };
+    printer.pages = [&] { return std::make_shared<PrinterSurface>(pdf); };
     Print(f);
     ASSERT_EQ(boxes.shown.size(), 1u);  // the question alone: no failure
     ASSERT_TRUE(QFile::exists(pdf));

@@ -66,10 +66,10 @@ TEST_F(MonthView, AMonthWithoutRowsDrawsTheGridAloneLeavesTheTagsAndClosesBoth) 
     ASSERT_FALSE(march5.isEmpty());
     Database base;
     Recordset rows;
-    f.PassageDeBoucle = [&] {
+    f.WatchRowLoop([&] {
         base = f.BaseMois;
         rows = f.JeuMois;
-    };
+    });
     recording.Clear();
     f.Mois->SetListIndex(3);  // April: no row
     EXPECT_EQ(recording.Ops().front(), DrawOp::Cls);
@@ -469,9 +469,9 @@ TEST_F(MonthView, WithoutADatabaseTheLoopNeverEndsButTheGridIsDrawn) {
     StatistiqueMensuelle& f = FormOnRecording();
     ASSERT_TRUE(QFile::remove(db.Path()));
     int passes = 0;
-    f.PassageDeBoucle = [&] {
+    f.WatchRowLoop([&] {
         if (++passes == 1000) throw LoopWatched{};
-    };
+    });
     recording.Clear();
     EXPECT_THROW(f.AfficherMois(), LoopWatched);
     EXPECT_EQ(passes, 1000);
@@ -487,9 +487,9 @@ TEST_F(MonthView, WithNoAirportSelectedTheLoopNeverEndsEither) {
     Observe(LeBourget, MarchDay(6), QTime(10, 0), 10);
     StatistiqueMensuelle& f = FormOnRecording();
     int passes = 0;
-    f.PassageDeBoucle = [&] {
+    f.WatchRowLoop([&] {
         if (++passes == 50) throw LoopWatched{};
-    };
+    });
     recording.Clear();
     // Selecting no line raises the list's click, which never comes back.
     EXPECT_THROW(f.Aeroports->SetListIndex(-1), LoopWatched);

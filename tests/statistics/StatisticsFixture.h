@@ -4,6 +4,7 @@
 
 #include "Forms.h"
 #include "GuiApplication.h"
+#include "NotificationArea.h"
 #include "RecordingSurface.h"
 #include "RunTime.h"
 #include "Seams.h"
@@ -76,7 +77,7 @@ protected:
     // The form loaded, drawing from now on on the recording.
     StatistiqueMensuelle& FormOnRecording() {
         StatistiqueMensuelle& form = Form();
-        form.drawingSurface = &recording;
+        form.DrawOn(recording);
         return form;
     }
 
@@ -111,7 +112,10 @@ protected:
     AnsweringBoxes boxes;
     std::vector<int> runTimeEnds;
     RunTimeGuard guard{boxes, [this](int number) { runTimeEnds.push_back(number); }};
-    Services services{clock, random, boxes, guard, {}, {}, {}, db.Folder()};
+    TestPrinter printer;
+    CountingProcessEnd processEnd;
+    DesktopNotificationArea notificationArea;
+    Services services{clock, random, boxes, guard, {}, {}, {}, db.Folder(), printer, processEnd, notificationArea};
     Forms forms{services};
     RecordingSurface recording;
 };

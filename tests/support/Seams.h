@@ -1,12 +1,17 @@
-// Test stand-ins for the random draw and the message boxes.
+// Test stand-ins for the random draw, the message boxes, the printer and the end of the process.
 #pragma once
 
 #include "MessageBoxes.h"
+#include "Printer.h"
+#include "ProcessEnd.h"
 #include "Random.h"
+#include "RecordingSurface.h"
 
 #include <QString>
 
 #include <deque>
+#include <functional>
+#include <memory>
 #include <vector>
 
 namespace skelda::test {
@@ -43,6 +48,24 @@ public:
     // The title and the style of each MsgBox, beside its prompt in shown (run-time errors have none).
     std::vector<QString> titles;
     std::vector<int> styles;
+};
+
+// A printer whose pages are what the test says, by default a fresh recording each.
+class TestPrinter : public Printer {
+public:
+    std::shared_ptr<PageSurface> NewPage() override { return pages ? pages() : std::make_shared<RecordingSurface>(); }
+    std::function<std::shared_ptr<PageSurface>()> pages;
+};
+
+// An end of the process that only counts: the test goes on after it.
+class CountingProcessEnd : public ProcessEnd {
+public:
+    void End(int ExitCode) override {
+        ++ends;
+        codes.push_back(ExitCode);
+    }
+    int ends = 0;
+    std::vector<int> codes;
 };
 
 }  // namespace skelda::test

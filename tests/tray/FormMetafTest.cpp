@@ -2,6 +2,7 @@
 #include "FormMetaf.h"
 
 #include "GuiApplication.h"
+#include "NotificationArea.h"
 #include "RunTime.h"
 #include "Seams.h"
 #include "TestDatabase.h"
@@ -77,7 +78,10 @@ protected:
     // A failure that no handler catches ends here, in the box, instead of ending the test program.
     std::vector<int> runTimeEnds;
     RunTimeGuard guard{boxes, [this](int number) { runTimeEnds.push_back(number); }};
-    Services services{clock, random, boxes, guard, {}, {}, {}, db.Folder()};
+    test::TestPrinter printer;
+    test::CountingProcessEnd processEnd;
+    DesktopNotificationArea notificationArea;
+    Services services{clock, random, boxes, guard, {}, {}, {}, db.Folder(), printer, processEnd, notificationArea};
     std::unique_ptr<FormMetaf> form;
     QPlainTextEdit* text1 = nullptr;
     QPushButton* command2 = nullptr;

@@ -81,14 +81,14 @@ TEST_F(Tray, LoadingTheStartFormLoadsForm1FirstAndAddsTheIconWithTipSkelda) {
 
 TEST_F(Tray, TheRealNotificationIconShowsWhereTheDesktopHasOne) {
     if (!QSystemTrayIcon::isSystemTrayAvailable()) {
-        EXPECT_EQ(StartForm().Icone, nullptr);
+        EXPECT_EQ(Icone(StartForm()), nullptr);
         GTEST_SKIP() << "no notification area on this desktop";
     }
     FrmIcone& tray = StartForm();
-    ASSERT_NE(tray.Icone, nullptr);
-    EXPECT_TRUE(tray.Icone->isVisible());
-    EXPECT_EQ(tray.Icone->toolTip(), QStringLiteral("Skelda"));
-    emit tray.Icone->activated(QSystemTrayIcon::DoubleClick);
+    ASSERT_NE(Icone(tray), nullptr);
+    EXPECT_TRUE(Icone(tray)->isVisible());
+    EXPECT_EQ(Icone(tray)->toolTip(), QStringLiteral("Skelda"));
+    emit Icone(tray)->activated(QSystemTrayIcon::DoubleClick);
     EXPECT_TRUE(Form().isVisible());
 }
 
