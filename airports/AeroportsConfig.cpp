@@ -13,8 +13,6 @@
 #include <QCloseEvent>
 #include <QPushButton>
 
-#include <memory>
-
 namespace skelda {
 
 namespace {
@@ -37,12 +35,6 @@ AeroportsConfig::AeroportsConfig(Forms& forms) : forms_(forms) {
 }
 
 AeroportsConfig::~AeroportsConfig() = default;
-
-AeroportsConfig* AeroportsConfig::Load(Forms& forms) {
-    auto form = std::make_unique<AeroportsConfig>(forms);
-    form->Form_Load();
-    return form.release();
-}
 
 RunTimeGuard& AeroportsConfig::guard() const { return forms_.services().guard; }
 

@@ -8,6 +8,7 @@
 #pragma once
 
 #include "Controls.h"
+#include "FormParts.h"
 
 #include <QWidget>
 
@@ -28,7 +29,7 @@ public:
 
     // Loading the form: builds it and runs Form_Load. The maker that the program gives to
     // Forms::Provide. A failure of the database reaches the caller, and the form is dropped.
-    static AeroportsConfig* Load(Forms& forms);
+    static AeroportsConfig* Load(Forms& forms) { return LoadForm<AeroportsConfig>(forms); }
 
     // ---- Controls, under their design names.
     ListBox* List1 = nullptr;  // every airport; a selected line is an active airport

@@ -16,8 +16,6 @@
 #include <QLineEdit>
 #include <QPushButton>
 
-#include <memory>
-
 namespace skelda {
 
 namespace {
@@ -34,12 +32,6 @@ W* Nomme(W* widget, const QString& name) {
 }  // namespace
 
 ajoutareoports::ajoutareoports(Forms& forms) : forms_(forms) { BuildControls(); }
-
-ajoutareoports* ajoutareoports::Load(Forms& forms) {
-    auto form = std::make_unique<ajoutareoports>(forms);
-    form->Form_Load();
-    return form.release();
-}
 
 void ajoutareoports::BuildControls() {
     setObjectName(QStringLiteral("ajoutareoports"));

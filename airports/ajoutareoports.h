@@ -9,6 +9,7 @@
 #pragma once
 
 #include "Controls.h"
+#include "FormParts.h"
 
 #include <QWidget>
 
@@ -31,7 +32,7 @@ public:
     // Loading the form: builds it and runs Form_Load, which reads the selection form's list (that
     // form must be loaded). The maker that the program gives to Forms::Provide. Failures reach
     // the caller.
-    static ajoutareoports* Load(Forms& forms);
+    static ajoutareoports* Load(Forms& forms) { return LoadForm<ajoutareoports>(forms); }
 
     // ---- Controls, under their design names.
     QLineEdit* identificationaéroport = nullptr;  // at most 4 characters; goes to IDA

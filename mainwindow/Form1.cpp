@@ -6,11 +6,11 @@
 #include "Airports.h"
 #include "Convert.h"
 #include "ForecastWindow.h"
+#include "FormParts.h"
 #include "Forms.h"
 #include "Log.h"
 #include "Regional.h"
 #include "RunTime.h"
-#include "SurfacePainting.h"
 #include "TrayForm.h"
 #include "Window.h"
 
@@ -18,23 +18,12 @@
 #include <QMouseEvent>
 #include <QPainter>
 
-#include <memory>
-
 namespace skelda {
 
 namespace {
 constexpr int vbFormControlMenu = 0;  // the user closed the window
 constexpr int vbFormCode = 1;         // the program asked it to close
 constexpr int vbAppWindows = 2;       // the session of the desktop is ending
-
-void PaintLine(QPainter& painter, const LineControl& line) {
-    if (!line.Visible) return;
-    QPen pen(ToQColor(line.BorderColor), line.BorderWidth);
-    if (line.Dotted) pen.setStyle(Qt::DotLine);
-    painter.setPen(pen);
-    painter.drawLine(QPointF(line.X1 / TwipsPerPixel, line.Y1 / TwipsPerPixel),
-                     QPointF(line.X2 / TwipsPerPixel, line.Y2 / TwipsPerPixel));
-}
 }  // namespace
 
 Form1::Form1(Forms& forms) : forms_(forms) {
@@ -43,12 +32,6 @@ Form1::Form1(Forms& forms) : forms_(forms) {
 }
 
 Form1::~Form1() = default;
-
-Form1* Form1::Load(Forms& forms) {
-    auto form = std::make_unique<Form1>(forms);
-    form->Form_Load();
-    return form.release();
-}
 
 QString Form1::DatabasePath() const { return forms_.services().applicationPath + QStringLiteral("/database.mdb"); }
 

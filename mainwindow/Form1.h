@@ -8,6 +8,7 @@
 #include "Bulletin.h"
 #include "Controls.h"
 #include "Dao.h"
+#include "FormParts.h"
 #include "HiddenTextBox.h"
 #include "Images.h"
 #include "Inet.h"
@@ -38,7 +39,7 @@ public:
     // Loading the form: builds it and runs Form_Load, as the first touch of Form1 does. This is
     // the maker that the program gives to Forms::Provide. A failure of Form_Load (a missing
     // database, say) reaches the caller, and the half-loaded form is dropped.
-    static Form1* Load(Forms& forms);
+    static Form1* Load(Forms& forms) { return LoadForm<Form1>(forms); }
 
     Forms& forms() const { return forms_; }
 

@@ -6,7 +6,7 @@
 // clocks and the airport's picture; the column left of the temperature scale holds the bulletin.
 #include "Artwork.h"
 #include "Form1.h"
-#include "SurfacePainting.h"
+#include "FormParts.h"
 
 #include <QFrame>
 #include <QIcon>
@@ -38,47 +38,12 @@ constexpr double GridRight = 10983;
 constexpr double SlotLeft = 2340;  // left of slot 0, of hour 0
 constexpr double SlotStep = 180;   // one half hour
 
-void SetTextColour(QWidget* w, Color colour) {
-    QPalette p = w->palette();
-    p.setColor(QPalette::WindowText, ToQColor(colour));
-    w->setPalette(p);
-}
-
-void SetBackgroundColour(QWidget* w, Color colour) {
-    QPalette p = w->palette();
-    p.setColor(QPalette::Window, ToQColor(colour));
-    w->setPalette(p);
-    w->setAutoFillBackground(true);
-}
-
-Label* NewLabel(QWidget* parent, const QString& name, const QString& caption, double left, double top, double width,
-                double height, Qt::Alignment align = Qt::AlignLeft | Qt::AlignVCenter) {
-    auto* label = new Label(parent);
-    label->setObjectName(name);
-    // Captions are shown as they are written: a METAF or a bulletin is never markup.
-    label->setTextFormat(Qt::PlainText);
-    label->setAlignment(align);
-    label->SetCaption(caption);
-    Place(label, left, top, width, height);
-    return label;
-}
-
 QGroupBox* NewFrame(QWidget* parent, const char* name, const QString& caption, double left, double top, double width,
                     double height) {
     auto* frame = new QGroupBox(caption, parent);
     frame->setObjectName(QLatin1String(name));
     Place(frame, left, top, width, height);
     return frame;
-}
-
-LineControl NewLine(double x1, double y1, double x2, double y2, Color colour) {
-    LineControl line;
-    line.X1 = x1;
-    line.Y1 = y1;
-    line.X2 = x2;
-    line.Y2 = y2;
-    line.BorderColor = colour;
-    return line;
 }
 
 // ---- The chart.
@@ -132,7 +97,7 @@ void BuildScales(Form1& f) {
             f.Label9[i] = NewLabel(&f, Indexed("Label9", i), caption, 1770, levels[i] - 90, 540, 180,
                                    Qt::AlignRight | Qt::AlignVCenter);
         f.Label9[i]->setFont(small);
-        SetTextColour(f.Label9[i], i == 0 ? Navy : Purple);
+        SetForeColour(f.Label9[i], i == 0 ? Navy : Purple);
     }
     // The wind's foot and middle, and the pressure line's caption, at the right end.
     const char* windCaptions[] = {"0 nds", "25 nds", "1015 hpa"};
@@ -143,7 +108,7 @@ void BuildScales(Form1& f) {
         f.Label10[i] = NewLabel(&f, Indexed("Label10", i), QString::fromUtf8(windCaptions[i]), 11010,
                                 windLevels[i] - 90, 690, 180);
         f.Label10[i]->setFont(small);
-        SetTextColour(f.Label10[i], windColours[i]);
+        SetForeColour(f.Label10[i], windColours[i]);
     }
 }
 
@@ -196,7 +161,7 @@ void BuildClocks(Form1& f) {
     f.Label7 = NewLabel(&f, QStringLiteral("Label7"), QStringLiteral("Zulu:"), 7980, 390, 990, 225);
     f.Label11 = NewLabel(&f, QStringLiteral("Label11"), QString(), 8970, 390, 930, 225);
     f.Label12 = NewLabel(&f, QStringLiteral("Label12"), QStringLiteral("Skelda B.0.032"), 7980, 825, 1920, 225);
-    SetTextColour(f.Label12, Grey);
+    SetForeColour(f.Label12, Grey);
 }
 
 void BuildPicture(Form1& f) {
@@ -213,14 +178,14 @@ void BuildBulletin(Form1& f) {
     f.LeBulletin = NewFrame(&f, "LeBulletin", QStringLiteral("Prévisions :"), 30, 1155, 1710, 3345);
     auto* heading = new QFrame(f.LeBulletin);
     heading->setObjectName(QStringLiteral("Shape1"));
-    SetBackgroundColour(heading, Navy);
+    SetBackColour(heading, Navy);
     Place(heading, 60, 225, 1590, 300);
     f.Shape1 = heading;
     auto* body = new QFrame(f.LeBulletin);
     body->setObjectName(QStringLiteral("Shape2"));
     body->setFrameShape(QFrame::Box);
-    SetBackgroundColour(body, RGB(255, 255, 255));
-    SetTextColour(body, LightGrey);
+    SetBackColour(body, RGB(255, 255, 255));
+    SetForeColour(body, LightGrey);
     Place(body, 60, 570, 1590, 2715);
     f.Shape2 = body;
 
@@ -233,7 +198,7 @@ void BuildBulletin(Form1& f) {
     f.TXTtitre =
         NewLabel(f.LeBulletin, QStringLiteral("TXTtitre"), QStringLiteral("Last Observation"), 105, 225, 1500, 300);
     f.TXTtitre->setFont(bold);
-    SetTextColour(f.TXTtitre, RGB(255, 255, 255));
+    SetForeColour(f.TXTtitre, RGB(255, 255, 255));
     f.TXTbulletin = NewLabel(f.LeBulletin, QStringLiteral("TXTbulletin"), QString(), 105, 615, 1515, 2640,
                              Qt::AlignLeft | Qt::AlignTop);
     f.TXTbulletin->setFont(small);

@@ -11,6 +11,7 @@
 
 #include "Controls.h"
 #include "Dao.h"
+#include "FormParts.h"
 #include "StatisticsControls.h"
 
 #include <QMainWindow>
@@ -39,7 +40,7 @@ public:
     // Loading the form: builds it and runs Form_Load, as the first touch of the form does. This is
     // the maker that the program gives to Forms::Provide. A failure of Form_Load reaches the
     // caller (a year other than 2003 to 2005, a missing database), and the half-loaded form goes.
-    static StatistiqueMensuelle* Load(Forms& forms);
+    static StatistiqueMensuelle* Load(Forms& forms) { return LoadForm<StatistiqueMensuelle>(forms); }
 
     // ---- Controls, under their design names.
     SurfaceWidget* Client = nullptr;  // the form's own surface, under the menu bar

@@ -7,7 +7,6 @@
 #include <QLabel>
 #include <QMenu>
 #include <QScreen>
-#include <memory>
 
 #include "Acquisition.h"
 #include "AeroportsConfig.h"
@@ -41,12 +40,6 @@ FrmIcone::FrmIcone(Forms& forms) : forms_(forms) {
 }
 
 FrmIcone::~FrmIcone() = default;
-
-FrmIcone* FrmIcone::Load(Forms& forms) {
-    auto form = std::make_unique<FrmIcone>(forms);
-    form->Form_Load();
-    return form.release();
-}
 
 void FrmIcone::BuildControls() {
     setObjectName(QStringLiteral("FrmIcone"));

@@ -12,6 +12,7 @@
 #include <cstdint>
 
 #include "Controls.h"
+#include "FormParts.h"
 #include "NotificationArea.h"
 #include "TrayForm.h"
 
@@ -34,7 +35,7 @@ public:
 
     // Loading the start form: builds it and runs Form_Load, which loads Form1 first. This is the
     // maker that the program gives to Forms::Provide. A failure of Form1's load reaches the caller.
-    static FrmIcone* Load(Forms& forms);
+    static FrmIcone* Load(Forms& forms) { return LoadForm<FrmIcone>(forms); }
 
     // ---- Controls, under their design names.
     QLabel* Picture1 = nullptr;  // the start-up picture
