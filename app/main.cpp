@@ -3,7 +3,6 @@
 // main builds the production services and the forms' meeting place, loads the start form (which
 // loads the main window first), shows it as the start-up screen and runs the event loop. The run
 // ends only through the tray menu's Quit, or after a run-time error box.
-#include "Acquisition.h"
 #include "AeroportsConfig.h"
 #include "Application.h"
 #include "Artwork.h"
@@ -73,11 +72,10 @@ int main(int argc, char* argv[]) {
     // left for the main window's load to meet, as a missing database always was.
     UpgradeDatabase(services.applicationPath + QStringLiteral("/database.mdb"), DatabaseSchema());
     Forms forms(services);
-    forms.Provide<Form1>(&LoadForm1WithPollCycle);
+    ProvideMainWindow(forms);
     forms.Provide<FrmIcone>(&FrmIcone::Load);
     forms.ProvideAs<TrayForm, FrmIcone>();
     forms.Provide<FormMetaf>([](Forms& f) { return new FormMetaf(f.services()); });
-    forms.ProvideAs<PollingForm, Form1>();
     forms.Provide<AeroportsConfig>(&AeroportsConfig::Load);
     forms.Provide<ajoutareoports>(&ajoutareoports::Load);
     forms.Provide<StatistiqueMensuelle>(&StatistiqueMensuelle::Load);

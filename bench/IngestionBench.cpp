@@ -17,12 +17,12 @@
 #include <memory>
 #include <stdexcept>
 
-#include "Acquisition.h"
 #include "Form1.h"
 #include "Forms.h"
 #include "FrmIcone.h"
 #include "GuiBenchmarks.h"
 #include "NotificationArea.h"
+#include "PollCycle.h"
 #include "RunTime.h"
 #include "Seams.h"
 #include "SyntheticStore.h"
@@ -78,7 +78,7 @@ private:
         picture.fill(QColor(90, 140, 200));
         picture.save(QStringLiteral("Images/METEO2.BMP"), "BMP");
 
-        forms_.Provide<Form1>(&LoadForm1WithPollCycle);
+        ProvideMainWindow(forms_);
         // Only the tray form's caption is written: it is built, not loaded (no icon).
         forms_.Provide<FrmIcone>([](Forms& forms) { return new FrmIcone(forms); });
         forms_.ProvideAs<TrayForm, FrmIcone>();
@@ -111,7 +111,7 @@ void BM_IngestionNewRow(benchmark::State& state) {
     static int n = 0;
     for (auto _ : state) {
         const QString reply = StationFile(n++);
-        IngererReponse(form, reply);
+        form.Cycle().IngererReponse(reply);
     }
     // Every reception must have been a new row, or the figure would be another path's.
     if (LogCount(QStringLiteral("New Metaf Recorded ")) != n) state.SkipWithError("a reception stored no new row");
@@ -122,8 +122,8 @@ void BM_IngestionNewRow(benchmark::State& state) {
 void BM_IngestionDuplicate(benchmark::State& state) {
     Form1& form = Station::Instance().form();
     const QString reply = StationFile(0);
-    IngererReponse(form, reply);
-    for (auto _ : state) IngererReponse(form, reply);
+    form.Cycle().IngererReponse(reply);
+    for (auto _ : state) form.Cycle().IngererReponse(reply);
 }
 
 }  // namespace

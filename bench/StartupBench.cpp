@@ -12,7 +12,6 @@
 //
 // The list of days under the chart, which the start runs and the poll cycle runs again every hour,
 // is timed in this process too: RemplirDates on the loaded main window, and its query alone.
-#include "Acquisition.h"
 #include "Dao.h"
 #include "Form1.h"
 #include "Forms.h"
@@ -69,7 +68,7 @@ int StartSkelda(int argc, char** argv, const QString& folder) {
     Services services{clock, random, boxes, guard, {}, {}, {}, folder, printer, processEnd, notificationArea};
     UpgradeDatabase(folder + QStringLiteral("/database.mdb"), DatabaseSchema());
     Forms forms(services);
-    forms.Provide<Form1>(&LoadForm1WithPollCycle);
+    ProvideMainWindow(forms);
     forms.Provide<FrmIcone>(&FrmIcone::Load);
     forms.ProvideAs<TrayForm, FrmIcone>();
     QMetaObject::invokeMethod(

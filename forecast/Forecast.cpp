@@ -1,9 +1,9 @@
 #include "Forecast.h"
 
 #include "ForecastForm.h"
-#include "Form1.h"
 #include "Forms.h"
 #include "Log.h"
+#include "PageFetcher.h"
 #include "Promo.h"
 
 namespace skelda {
@@ -28,12 +28,8 @@ private:
     Forms& forms_;
 };
 
-// Fetches a page into Form1's wwwsource and gives what the field holds.
-QString Recevoir(Forms& forms, const QString& url) {
-    Form1& f = forms.Get<Form1>();
-    f.wwwsource->SetText(f.Inet1.OpenURL(url));
-    return f.wwwsource->Text();
-}
+// Fetches a page into the main window's hidden field and gives what the field holds.
+QString Recevoir(Forms& forms, const QString& url) { return forms.Get<PageFetcher>().Recevoir(url); }
 
 }  // namespace
 

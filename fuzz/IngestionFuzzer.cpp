@@ -3,11 +3,11 @@
 // another, and every input taken as one packet of a reply. The reception must never fail: a
 // failure that escapes it, or a run-time error box, ends the run as a crash, and the sanitizers
 // watch the rest (the decoder, the labels, the dial, the row written, the chart redrawn).
-#include "Acquisition.h"
 #include "Form1.h"
 #include "Forms.h"
 #include "MessageBoxes.h"
 #include "NotificationArea.h"
+#include "PollCycle.h"
 #include "Printer.h"
 #include "Random.h"
 #include "RunTime.h"
@@ -91,7 +91,7 @@ public:
         picture.fill(Qt::blue);
         picture.save(QStringLiteral("Images/METEO2.BMP"), "BMP");
 
-        forms_.Provide<Form1>(&LoadForm1WithPollCycle);
+        ProvideMainWindow(forms_);
         forms_.Provide<CaptionOnly>([](Forms&) { return new CaptionOnly; });
         forms_.ProvideAs<TrayForm, CaptionOnly>();
         form_ = &forms_.Get<Form1>();
@@ -156,7 +156,7 @@ extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv) {
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     // The socket's bytes become the reply's text one character each, as the socket gives them.
-    skelda::IngererReponse(skelda::station->form(),
-                           QString::fromLatin1(reinterpret_cast<const char*>(data), qsizetype(size)));
+    skelda::station->form().Cycle().IngererReponse(
+        QString::fromLatin1(reinterpret_cast<const char*>(data), qsizetype(size)));
     return 0;
 }

@@ -9,6 +9,7 @@
 #include "FormParts.h"
 #include "Forms.h"
 #include "Log.h"
+#include "PollCycle.h"
 #include "Regional.h"
 #include "RunTime.h"
 #include "TrayForm.h"
@@ -17,6 +18,8 @@
 #include <QCloseEvent>
 #include <QMouseEvent>
 #include <QPainter>
+
+#include <memory>
 
 namespace skelda {
 
@@ -29,6 +32,7 @@ constexpr int vbAppWindows = 2;       // the session of the desktop is ending
 Form1::Form1(Forms& forms) : forms_(forms) {
     BuildControls();
     WireEvents();
+    cycle_ = std::make_unique<PollCycle>(*this, forms_);
 }
 
 Form1::~Form1() = default;
@@ -167,7 +171,7 @@ void Form1::List1_MouseDown(int Button, int /*Shift*/, double /*X*/, double /*Y*
         return;
     }
     // No poll may start while the fetch blocks the window.
-    T.SetEnabled(false);
+    SetTEnabled(false);
     const int16_t numero = CInt(double(List1->ItemData(List1->ListIndex())));
     BaseReleves = OpenDatabase(DatabasePath());
     JeuReleves = BaseReleves.OpenRecordset(QStringLiteral("Aéroports"), dbOpenDynaset);
@@ -190,7 +194,7 @@ void Form1::List1_MouseDown(int Button, int /*Shift*/, double /*X*/, double /*Y*
     BaseReleves.Close();
     JeuReleves = Recordset();
     BaseReleves = Database();
-    T.SetEnabled(true);
+    SetTEnabled(true);
 }
 
 void Form1::TestPrevision() {

@@ -1,11 +1,11 @@
-// Form1: Skelda's main window, and the owner of the acquisition machinery (its timers and its
-// socket). It loads at start, stays loaded for the whole run, and is only ever hidden and shown.
+// Form1: Skelda's main window, and the owner of the acquisition machinery (its poll cycle, with
+// the timers and the socket). It loads at start, stays loaded for the whole run, and is only ever
+// hidden and shown.
 //
 // The form is itself a drawing surface (the day chart is drawn on it, in twips). Every control
 // carries its design name as its objectName; array elements are named "FKNT(12)".
 #pragma once
 
-#include "Bulletin.h"
 #include "Controls.h"
 #include "Dao.h"
 #include "FormParts.h"
@@ -13,26 +13,30 @@
 #include "Images.h"
 #include "Inet.h"
 #include "Module1.h"
+#include "PageFetcher.h"
+#include "PollWindow.h"
 #include "PollingForm.h"
 #include "SessionEnd.h"
 #include "SurfaceWidget.h"
-#include "Winsock.h"
 
 #include <QGroupBox>
 
 #include <array>
 #include <cstdint>
 #include <map>
+#include <memory>
 
 namespace skelda {
 
 class Forms;
+class PollCycle;
 class RunTimeGuard;
 
-class Form1 : public SurfaceWidget, public PollingForm {
+class Form1 : public SurfaceWidget, public PollingForm, public PollWindow, public PageFetcher {
     Q_OBJECT
 public:
-    // Builds the form with all its controls at their design places; nothing is read yet.
+    // Builds the form with all its controls at their design places, and its poll cycle; nothing
+    // is read yet.
     explicit Form1(Forms& forms);
     ~Form1() override;
 
@@ -78,21 +82,16 @@ public:
     QWidget* Shape2 = nullptr;
     HiddenTextBox* wwwsource = nullptr;  // the text of a fetched page, never shown
     Inet Inet1;
-    Winsock W;
-    Timer T{1000, false};
-    Timer TimerWinsock{20000, false};
+
+    // The poll cycle, which owns the timers T and TimerWinsock and the socket W (children of the
+    // form under those names) and the counters kept between their events.
+    PollCycle& Cycle() const { return *cycle_; }
 
     // ---- Form-level values.
-    QString Tag;  // "VISIBLE", "VU", "MASQUE", or "" before the window was first asked for
-    float AngleZefir = 0;
-    int16_t IndexReleve = 0;
+    QString Tag;                 // "VISIBLE", "VU", "MASQUE", or "" before the window was first asked for
     int16_t ChargementFini = 0;  // -1 once Form_Load has filled both lists
-    QString ReponseBrute;
     Database BaseReleves;
     Recordset JeuReleves;
-    Bulletin BulletinCourant;
-    int16_t SecondesAttente = 0;  // kept between ticks of T
-    int16_t SecondesHeure = 0;
     int16_t DerniereColonne = 0;  // kept between calls of Form_MouseMove
     int16_t DernierIndex = 0;     // kept between calls of FKNT_MouseMove
 
@@ -142,14 +141,32 @@ public:
     void TestPrevision();
     // The caption of the window (its title).
     QString Caption() const { return windowTitle(); }
-    void SetCaption(const QString& text) { setWindowTitle(text); }
+    void SetCaption(const QString& text) override { setWindowTitle(text); }
     // The path of database.mdb beside the program.
-    QString DatabasePath() const;
+    QString DatabasePath() const override;
 
-    // What the airport forms ask: T, and the refill of List1.
-    bool TEnabled() const override { return T.Enabled(); }
-    void SetTEnabled(bool enabled) override { T.SetEnabled(enabled); }
+    // What the other forms ask (PollingForm): T, the refill of List1, a poll, the Tag.
+    bool TEnabled() const override;
+    void SetTEnabled(bool enabled) override;
     void ChargerAeroportsList1() override;
+    void Connect() override;
+    QString TagFenetre() const override { return Tag; }
+    void SetTag(const QString& tag) override { Tag = tag; }
+
+    // What the poll cycle asks (PollWindow).
+    QWidget& Fenetre() override { return *this; }
+    ListBox& ListeAeroports() override { return *List1; }
+    void SetHorloges(const QString& locale, const QString& zulu) override;
+    QString Releve(ChampReleve champ) const override;
+    void SetReleve(ChampReleve champ, const QString& text) override;
+    void SetTitreReleve(const QString& text) override;
+    void DessinerCadran(ResumeNext& Step, const QString& OrientationDegre) override;
+    Database& Base() override { return BaseReleves; }
+    Recordset& Jeu() override { return JeuReleves; }
+    void ChoisirDateRecente() override;
+
+    // What the forecast and the news ask (PageFetcher): a page through Inet1 into wwwsource.
+    QString Recevoir(const QString& Url) override;
 
 protected:
     void closeEvent(QCloseEvent* event) override;  // Form_QueryUnload
@@ -161,7 +178,13 @@ private:
     RunTimeGuard& guard() const;
     void BuildControls();
     void WireEvents();
+    Label* ChampDuReleve(ChampReleve champ) const;
     Forms& forms_;
+    std::unique_ptr<PollCycle> cycle_;
 };
+
+// Tells Forms how the main window is made (Form1::Load), also as the PollingForm of the other
+// forms and the PageFetcher of the forecast and the news.
+void ProvideMainWindow(Forms& forms);
 
 }  // namespace skelda

@@ -8,15 +8,14 @@
 #include <QMenu>
 #include <QScreen>
 
-#include "Acquisition.h"
 #include "AeroportsConfig.h"
 #include "Convert.h"
-#include "Form1.h"
 #include "FormMetaf.h"
 #include "Forms.h"
 #include "Images.h"
 #include "Log.h"
 #include "NotifyIcon.h"
+#include "PollingForm.h"
 #include "ResumeNext.h"
 #include "RunTime.h"
 #include "StatistiqueMensuelle.h"
@@ -96,14 +95,14 @@ RunTimeGuard& FrmIcone::guard() const { return forms_.services().guard; }
 void FrmIcone::WireEvents() {
     On(guard(), &Timer1, &Timer::Tick, this, [this] { Timer1_Timer(); });
     // Unlike ZefirDemand, the menu's item leaves Form1's Tag as it is.
-    On(guard(), MenuCourbe, &QAction::triggered, this, [this] { forms_.Get<Form1>().show(); });
+    On(guard(), MenuCourbe, &QAction::triggered, this, [this] { forms_.Widget<PollingForm>().show(); });
     // The monthly window loads at this first touch and shows without holding the menu.
     On(guard(), MenuStatistiqueMensuelle, &QAction::triggered, this,
        [this] { forms_.Get<StatistiqueMensuelle>().show(); });
     // No poll while the airports are being chosen: the selection form starts T again when it
     // unloads. Not modal: the menu comes back at once.
     On(guard(), MenuAeroport, &QAction::triggered, this, [this] {
-        forms_.Get<Form1>().T.SetEnabled(false);
+        forms_.Get<PollingForm>().SetTEnabled(false);
         forms_.Widget<AeroportsConfig>().show();
     });
     // Should the item ever be enabled, the hand-entry form loads, which shows it.
@@ -114,10 +113,10 @@ void FrmIcone::WireEvents() {
 void FrmIcone::Form_Load() {
     // 1. This first touch of Form1 loads it and runs its whole Form_Load, so the log line
     //    "Skelda Starting", the database reads and the first chart come before the icon.
-    Form1& form1 = forms_.Get<Form1>();
+    QWidget& form1 = forms_.Widget<PollingForm>();
     Image1->SetPicture(form1.windowIcon().pixmap(QSize(64, 64)));
     // 2.
-    form1.T.SetEnabled(false);
+    forms_.Get<PollingForm>().SetTEnabled(false);
     // 3. Out of the task list: the start form is a tool window.
     setWindowFlag(Qt::Tool, true);
     // 4. and 5.
@@ -153,11 +152,11 @@ void FrmIcone::NewTitle(QString& titre) {
 }
 
 void FrmIcone::ZefirDemand() {
-    Form1& form1 = forms_.Get<Form1>();
+    QWidget& form1 = forms_.Widget<PollingForm>();
     form1.show();
     form1.raise();
     form1.activateWindow();
-    form1.Tag = QStringLiteral("VISIBLE");
+    forms_.Get<PollingForm>().SetTag(QStringLiteral("VISIBLE"));
 }
 
 void FrmIcone::Quitter_Click() {
@@ -184,10 +183,10 @@ void FrmIcone::Timer1_Timer() {
         Timer1.SetInterval(10000);
         hide();
         Menu->menuAction()->setVisible(true);
-        Form1& form1 = forms_.Get<Form1>();
-        form1.T.SetEnabled(true);
+        PollingForm& form1 = forms_.Get<PollingForm>();
+        form1.SetTEnabled(true);
         // The first poll, for the preferred airport selected by Form1's load.
-        Connect(form1);
+        form1.Connect();
         return;
     }
     // Every 10 seconds, changed or not. Until the first reception the caption is the design

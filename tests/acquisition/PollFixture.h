@@ -19,11 +19,12 @@
 #include <ostream>
 #include <vector>
 
-#include "Acquisition.h"
 #include "Form1.h"
 #include "Forms.h"
 #include "GuiApplication.h"
 #include "NotificationArea.h"
+#include "PollCycle.h"
+#include "PollParts.h"
 #include "RecordingSurface.h"
 #include "RunTime.h"
 #include "Seams.h"
@@ -206,7 +207,7 @@ protected:
         services.observationServer = {QStringLiteral("127.0.0.1"), server.Port()};
         // Nobody serves the news here: the first poll's news fetch is refused at once, silently.
         services.newsServer = {QStringLiteral("127.0.0.1"), ClosedPort()};
-        forms.Provide<Form1>(&LoadForm1WithPollCycle);
+        ProvideMainWindow(forms);
         ProvideTray();
     }
     void TearDown() override {
@@ -218,7 +219,7 @@ protected:
 
     Form1& Form() { return forms.Get<Form1>(); }
     static void Tick(Form1& form, int times = 1) {
-        for (int i = 0; i < times; ++i) form.T.Fire();
+        for (int i = 0; i < times; ++i) T(form).Fire();
     }
 
     QString LogText() const {

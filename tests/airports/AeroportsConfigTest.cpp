@@ -259,7 +259,7 @@ TEST_F(Selection, ValidateWithATagOfZeroLeavesNoAirportPreferred) {
 
 TEST_F(Selection, ValidateRefillsTheMainWindowsListAndStartsThePollTimer) {
     AeroportsConfig& form = OpenSelection();
-    ASSERT_FALSE(Form().T.Enabled());
+    ASSERT_FALSE(T(Form()).Enabled());
     ClickLine(form.List1, LineHeathrow);
     QTest::mouseClick(form.Command1, Qt::LeftButton);
     ListBox* list = Form().List1;
@@ -269,7 +269,7 @@ TEST_F(Selection, ValidateRefillsTheMainWindowsListAndStartsThePollTimer) {
     EXPECT_EQ(forms.module1().TableIDA[0].ToText(), QStringLiteral("LFPB"));
     EXPECT_EQ(forms.module1().TableIDA[1].ToText(), QStringLiteral("LFPG"));
     EXPECT_EQ(list->ListIndex(), 0);
-    EXPECT_TRUE(Form().T.Enabled());
+    EXPECT_TRUE(T(Form()).Enabled());
 }
 
 TEST_F(Selection, CancelStoresNothingAndStartsThePollTimer) {
@@ -279,7 +279,7 @@ TEST_F(Selection, CancelStoresNothingAndStartsThePollTimer) {
     QTest::mouseClick(form.Command2, Qt::LeftButton);
     EXPECT_EQ(Column(IdxHeathrow, QStringLiteral("activé")).toInt(), 1);
     EXPECT_FALSE(forms.Loaded<AeroportsConfig>());
-    EXPECT_TRUE(Form().T.Enabled());
+    EXPECT_TRUE(T(Form()).Enabled());
     EXPECT_TRUE(Deleted(gone));
     EXPECT_EQ(Form().List1->ListCount(), 3);
 }
@@ -289,7 +289,7 @@ TEST_F(Selection, TheCloseBoxUnloadsTheFormAndStartsThePollTimer) {
     QPointer<QWidget> gone(&form);
     EXPECT_TRUE(form.close());
     EXPECT_FALSE(forms.Loaded<AeroportsConfig>());
-    EXPECT_TRUE(Form().T.Enabled());
+    EXPECT_TRUE(T(Form()).Enabled());
     EXPECT_TRUE(Deleted(gone));
 }
 
@@ -299,7 +299,7 @@ TEST_F(Selection, TheAirportsItemWhileTheFormIsOpenShowsTheSameForm) {
     StartForm().MenuAeroport->trigger();
     EXPECT_EQ(&forms.Get<AeroportsConfig>(), &form);
     EXPECT_FALSE(form.List1->Selected(LineHeathrow));  // the change still stands
-    EXPECT_FALSE(Form().T.Enabled());
+    EXPECT_FALSE(T(Form()).Enabled());
 }
 
 TEST_F(Selection, TheFormIsLoadedAnewEachTimeItIsOpened) {
@@ -318,7 +318,7 @@ TEST_F(Selection, EditShowsTheAddFormAndUnloadsTheSelection) {
     EXPECT_TRUE(forms.Widget<ajoutareoports>().isVisible());
     EXPECT_FALSE(forms.Loaded<AeroportsConfig>());
     // Polling runs again while the user types.
-    EXPECT_TRUE(Form().T.Enabled());
+    EXPECT_TRUE(T(Form()).Enabled());
     EXPECT_TRUE(runTimeEnds.empty());
 }
 
@@ -345,7 +345,7 @@ TEST_F(Selection, Exactly101ActiveAirportsFillTheMainWindowsList) {
     EXPECT_TRUE(runTimeEnds.empty());
     EXPECT_EQ(Form().List1->ListCount(), 101);
     EXPECT_EQ(forms.module1().TableIDA[100].ToText(), QStringLiteral("LFPG"));  // Roissy comes last
-    EXPECT_TRUE(Form().T.Enabled());
+    EXPECT_TRUE(T(Form()).Enabled());
 }
 
 TEST_F(Selection, ADatabaseThatAnotherProgramHoldsFailsValidateWithTheRunTimeErrorBox) {
@@ -375,13 +375,13 @@ TEST_F(Selection, AReadOnlyDatabaseFailsValidateWithTheRunTimeErrorBox) {
 
 TEST_F(Selection, AMissingDatabaseFailsTheLoadWithTheRunTimeErrorBox) {
     StartForm();
-    Form().T.SetEnabled(true);
+    T(Form()).SetEnabled(true);
     ASSERT_TRUE(QFile::remove(db.Path()));
     StartForm().MenuAeroport->trigger();
     ASSERT_EQ(runTimeEnds, std::vector<int>{DaoFileNotFound});
     EXPECT_FALSE(forms.Loaded<AeroportsConfig>());
     // T was stopped first, and no unload comes to start it again.
-    EXPECT_FALSE(Form().T.Enabled());
+    EXPECT_FALSE(T(Form()).Enabled());
 }
 
 }  // namespace

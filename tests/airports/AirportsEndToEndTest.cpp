@@ -14,7 +14,7 @@ protected:
     FrmIcone& Started() {
         FrmIcone& tray = StartForm();
         tray.Timer1.Fire();
-        EXPECT_TRUE(Form().T.Enabled());
+        EXPECT_TRUE(T(Form()).Enabled());
         EXPECT_TRUE(server.WaitForRequests(1));
         return tray;
     }
@@ -32,9 +32,9 @@ TEST_F(AirportsEndToEnd, TheAirportsItemStopsThePollTimerUntilTheFormCloses) {
     AeroportsConfig& form = forms.Get<AeroportsConfig>();
     EXPECT_TRUE(form.isVisible());
     EXPECT_FALSE(form.isModal());
-    EXPECT_FALSE(Form().T.Enabled());
+    EXPECT_FALSE(T(Form()).Enabled());
     QTest::mouseClick(form.Command2, Qt::LeftButton);
-    EXPECT_TRUE(Form().T.Enabled());
+    EXPECT_TRUE(T(Form()).Enabled());
 }
 
 TEST_F(AirportsEndToEnd, ANewChoiceChangesTheListTableIDAAndThePreferredAirportAndThePollFollows) {
@@ -57,7 +57,7 @@ TEST_F(AirportsEndToEnd, ANewChoiceChangesTheListTableIDAAndThePreferredAirportA
     EXPECT_EQ(forms.module1().TableIDA[1].ToText(), QStringLiteral("LFPG"));
     EXPECT_EQ(list->ListIndex(), 1);  // the new preferred airport
     EXPECT_EQ(db.Value(QStringLiteral("SELECT idx FROM \"Aéroports\" WHERE \"préféré\"")).toInt(), IdxRoissy);
-    EXPECT_TRUE(Form().T.Enabled());
+    EXPECT_TRUE(T(Form()).Enabled());
     // The poll goes on over the new list, from where its index stood (the start's poll took the
     // preferred line without moving it): line 1, Roissy, then line 0, Le Bourget. London is gone.
     NextPoll(2);
@@ -71,7 +71,7 @@ TEST_F(AirportsEndToEnd, AddingLfthStoresItActiveListsItAndPollsIt) {
     tray.MenuAeroport->trigger();
     QTest::mouseClick(forms.Get<AeroportsConfig>().ajouterbtn, Qt::LeftButton);
     ajoutareoports& form = forms.Get<ajoutareoports>();
-    EXPECT_TRUE(Form().T.Enabled());  // polling runs while the user types
+    EXPECT_TRUE(T(Form()).Enabled());  // polling runs while the user types
     Type(form.identificationaéroport, QStringLiteral("lfth"));
     Type(form.nomareoport, QStringLiteral("Francazal"));
     Type(form.villeareoport, QStringLiteral("Toulouse"));

@@ -52,7 +52,7 @@ protected:
     // The selection form, opened from the tray's menu with the poll timer running.
     AeroportsConfig& OpenSelection() {
         FrmIcone& tray = StartForm();
-        Form().T.SetEnabled(true);
+        T(Form()).SetEnabled(true);
         tray.MenuAeroport->trigger();
         EXPECT_TRUE(forms.Loaded<AeroportsConfig>());
         return forms.Get<AeroportsConfig>();

@@ -128,9 +128,9 @@ TEST_F(Forecast, LeftClickOnAnAirportDrawsTheChartAndFetchesNoForecast) {
 TEST_F(Forecast, RightClickOnAnAirportFillsTheForecastWindow) {
     portal.Serve("/forecast/FRXX0076.html", PageDe(SixBlocs()));
     Form1& f = Form();
-    f.T.SetEnabled(true);
+    T(f).SetEnabled(true);
     std::atomic<int> tPendantLaRequete{-1};
-    portal.onRequest = [&] { tPendantLaRequete = f.T.Enabled() ? 1 : 0; };
+    portal.onRequest = [&] { tPendantLaRequete = T(f).Enabled() ? 1 : 0; };
     Presser(LigneBourget, Qt::RightButton);
 
     EXPECT_EQ(portal.Paths(), QStringList{QStringLiteral("/forecast/FRXX0076.html")});
@@ -145,7 +145,7 @@ TEST_F(Forecast, RightClickOnAnAirportFillsTheForecastWindow) {
     EXPECT_EQ(f.wwwsource->Text(), PageDe(SixBlocs()));
     // T was off while the page was fetched, and runs again.
     EXPECT_EQ(tPendantLaRequete.load(), 0);
-    EXPECT_TRUE(f.T.Enabled());
+    EXPECT_TRUE(T(f).Enabled());
     EXPECT_TRUE(f.BaseReleves.IsNothing());
     EXPECT_TRUE(f.JeuReleves.IsNothing());
     EXPECT_TRUE(runTimeEnds.empty());
@@ -170,7 +170,7 @@ TEST_F(Forecast, RightClickOnAnotherAirportLeavesTheSelectionAndFetchesTheSelect
 
 TEST_F(Forecast, RightClickWithoutCodeShowsTheBoxAndTRunsAgain) {
     Form1& f = Form();
-    f.T.SetEnabled(true);
+    T(f).SetEnabled(true);
     f.List1->SetListIndex(LigneRoissy);
     f.List1_MouseDown(vbRightButton, 0, 0, 0);
     EXPECT_EQ(boxes.shown, std::vector<QString>{QStringLiteral("No forecast code for city")});
@@ -179,7 +179,7 @@ TEST_F(Forecast, RightClickWithoutCodeShowsTheBoxAndTRunsAgain) {
     ASSERT_TRUE(forms.Loaded<ForecastForm>());
     EXPECT_EQ(Prevision().Nomvilleaeroport->Caption(), QStringLiteral("Roissy - Charles de Gaulle"));
     EXPECT_FALSE(Prevision().isVisible());
-    EXPECT_TRUE(f.T.Enabled());
+    EXPECT_TRUE(T(f).Enabled());
     EXPECT_TRUE(f.BaseReleves.IsNothing());
 }
 
@@ -196,13 +196,13 @@ TEST_F(Forecast, AnEmptyCodeGoesToThePortalAsItIs) {
 TEST_F(Forecast, APageWithoutForecastTextShowsTheBoxAndLogsTheCode) {
     portal.Serve("/forecast/FRXX0076.html", QStringLiteral("<html>Forecast</html>"));
     Form1& f = Form();
-    f.T.SetEnabled(true);
+    T(f).SetEnabled(true);
     f.List1->SetListIndex(LigneBourget);
     f.List1_MouseDown(vbRightButton, 0, 0, 0);
     EXPECT_EQ(boxes.shown, std::vector<QString>{QStringLiteral("Unable to retrieve forecast!!!")});
     EXPECT_EQ(LogCount(QStringLiteral(" Unable to retrieve forecast!!!FRXX0076\r\n")), 1);
     EXPECT_FALSE(Prevision().isVisible());
-    EXPECT_TRUE(f.T.Enabled());
+    EXPECT_TRUE(T(f).Enabled());
 }
 
 TEST_F(Forecast, OpensBlankAndFillsWhileTheParserRuns) {
@@ -267,12 +267,12 @@ TEST_F(Forecast, APageThatBreaksTheParserEndsInTheRunTimeBoxWithTOff) {
     portal.Serve("/forecast/FRXX0076.html", PageDe({{QStringLiteral("Today:"), QStringLiteral(" Sunny.")},
                                                     {QStringLiteral("Tonight:"), QStringLiteral(" Patchy Fog.")}}));
     Form1& f = Form();
-    f.T.SetEnabled(true);
+    T(f).SetEnabled(true);
     f.List1->SetListIndex(LigneBourget);
     Presser(LigneBourget, Qt::RightButton);
     EXPECT_EQ(runTimeEnds, std::vector<int>{TypeMismatch});
     EXPECT_EQ(boxes.shown, std::vector<QString>{QStringLiteral("Run-time error '13': Type mismatch")});
-    EXPECT_FALSE(f.T.Enabled());
+    EXPECT_FALSE(T(f).Enabled());
     // Nothing closed the database either.
     EXPECT_FALSE(f.BaseReleves.IsNothing());
     // The window was shown with what came before the failure.
@@ -283,10 +283,10 @@ TEST_F(Forecast, APageThatBreaksTheParserEndsInTheRunTimeBoxWithTOff) {
 TEST_F(Forecast, AnUnreachablePortalEndsInTheRunTimeBoxWithTOff) {
     services.forecastPortal = {QStringLiteral("127.0.0.1"), ClosedPort()};
     Form1& f = Form();
-    f.T.SetEnabled(true);
+    T(f).SetEnabled(true);
     Presser(LigneBourget, Qt::RightButton);
     EXPECT_EQ(runTimeEnds, std::vector<int>{icConnectFailed});
-    EXPECT_FALSE(f.T.Enabled());
+    EXPECT_FALSE(T(f).Enabled());
     EXPECT_FALSE(Prevision().isVisible());
 }
 

@@ -35,7 +35,7 @@ protected:
 };
 
 TEST_F(News, TheFirstPollShowsTheNewsWindowWithThePageAndTheTimeOfLoading) {
-    Connect(Form());
+    Form().Cycle().Connect();
     EXPECT_EQ(newsServer.Paths(), QStringList{QStringLiteral("/Skelda/promo.html")});
     ASSERT_TRUE(forms.Loaded<Promo>());
     Promo& promo = forms.Get<Promo>();
@@ -53,7 +53,7 @@ TEST_F(News, AtMidnightTheTimeOfLoadingIsTheDateAlone) {
     // The general format of a date value leaves out a time of exactly 00:00:00, and the
     // system's clock has no fraction of a second.
     clock.Set(QDateTime(QDate(2004, 11, 3), QTime(0, 0, 0, 400)));
-    Connect(Form());
+    Form().Cycle().Connect();
     ASSERT_TRUE(forms.Loaded<Promo>());
     EXPECT_EQ(forms.Get<Promo>().Label2->Caption(), QStringLiteral("03/11/2004"));
     // A second later the time is there again.
@@ -64,16 +64,16 @@ TEST_F(News, AtMidnightTheTimeOfLoadingIsTheDateAlone) {
 }
 
 TEST_F(News, SecondAndLaterPollsMakeNoFetch) {
-    Connect(Form());
+    Form().Cycle().Connect();
     PollSuivant();
     PollSuivant();
-    Connect(Form());
+    Form().Cycle().Connect();
     EXPECT_EQ(newsServer.Count(), 1);
     EXPECT_TRUE(forms.Get<Promo>().isVisible());
 }
 
 TEST_F(News, ClosingTheWindowDoesNotBringItBackAtTheNextPoll) {
-    Connect(Form());
+    Form().Cycle().Connect();
     QTest::mouseClick(forms.Get<Promo>().Command1, Qt::LeftButton);
     EXPECT_FALSE(forms.Loaded<Promo>());
     PollSuivant();
@@ -83,7 +83,7 @@ TEST_F(News, ClosingTheWindowDoesNotBringItBackAtTheNextPoll) {
 
 TEST_F(News, MarkupIsShownAsItComesAndNothingInItIsLoaded) {
     newsServer.Serve("/Skelda/promo.html", PageHtml);
-    Connect(Form());
+    Form().Cycle().Connect();
     Label* label = forms.Get<Promo>().Label1;
     EXPECT_EQ(label->Caption(), PageHtml);
     EXPECT_EQ(label->textFormat(), Qt::PlainText);
@@ -94,7 +94,7 @@ TEST_F(News, MarkupIsShownAsItComesAndNothingInItIsLoaded) {
 
 TEST_F(News, AnErrorPageCountsAsNews) {
     services.newsServer = portal.Address();  // which has no such page
-    Connect(Form());
+    Form().Cycle().Connect();
     EXPECT_EQ(forms.Get<Promo>().Label1->Caption(), QStringLiteral("<html>Not Found</html>"));
     EXPECT_EQ(forms.module1().NouvellesVues, Variant(QStringLiteral("vu")));
 }
@@ -102,13 +102,13 @@ TEST_F(News, AnErrorPageCountsAsNews) {
 TEST_F(News, ARefusedFetchIsSilentAndTriedAgainAtTheNextPoll) {
     services.newsServer = {QStringLiteral("127.0.0.1"), ClosedPort()};
     Form1& f = Form();
-    f.T.SetEnabled(true);
-    Connect(f);
+    T(f).SetEnabled(true);
+    f.Cycle().Connect();
     EXPECT_TRUE(runTimeEnds.empty());
     EXPECT_TRUE(boxes.shown.empty());
     EXPECT_FALSE(forms.Loaded<Promo>());
     EXPECT_TRUE(forms.module1().NouvellesVues.IsEmpty());
-    EXPECT_TRUE(f.T.Enabled());
+    EXPECT_TRUE(T(f).Enabled());
     // The poll's own exchange wasn't held up.
     EXPECT_TRUE(server.WaitForRequests(1));
 
@@ -117,12 +117,12 @@ TEST_F(News, ARefusedFetchIsSilentAndTriedAgainAtTheNextPoll) {
     EXPECT_EQ(newsServer.Count(), 1);
     EXPECT_TRUE(forms.Loaded<Promo>());
     EXPECT_EQ(forms.module1().NouvellesVues, Variant(QStringLiteral("vu")));
-    EXPECT_EQ(f.SecondesAttente, 0);
+    EXPECT_EQ(f.Cycle().SecondesAttente, 0);
 }
 
 TEST_F(News, AnUnknownHostIsSilentAndTriedAgainAtTheNextPoll) {
     services.newsServer = {QStringLiteral("news.skelda.invalid"), 80};
-    Connect(Form());
+    Form().Cycle().Connect();
     EXPECT_TRUE(runTimeEnds.empty());
     EXPECT_TRUE(boxes.shown.empty());
     EXPECT_FALSE(forms.Loaded<Promo>());

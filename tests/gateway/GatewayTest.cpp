@@ -53,10 +53,10 @@ protected:
     // program has taken a reply in and closed its socket, or when the gateway has closed it.
     bool Poll() {
         Form1& f = Form();
-        Connect(f);
+        f.Cycle().Connect();
         // Connect leaves W resolving; the exchange has ended when W is closed, or closed by
         // the other side.
-        return QTest::qWaitFor([&] { return f.W.State() == sckClosed || f.W.State() == sckClosing; }, 15000);
+        return QTest::qWaitFor([&] { return W(f).State() == sckClosed || W(f).State() == sckClosing; }, 15000);
     }
 
     // The requests that reached the source stand-ins for a station's file.
@@ -161,7 +161,7 @@ TEST_F(Gateway, TwoHundredPollsStoreNoSampleReport) {
 TEST_F(Gateway, SourceDownWithoutACopyClosesWithoutAReplyAndStoresNothing) {
     Start(AbsentSource);
     ASSERT_TRUE(Poll());
-    EXPECT_EQ(Form().W.State(), sckClosing);
+    EXPECT_EQ(W(Form()).State(), sckClosing);
     EXPECT_EQ(Rows(), 0);
     EXPECT_EQ(LogCount(QStringLiteral("Weather Received from")), 0);
     EXPECT_TRUE(boxes.shown.empty());
@@ -198,7 +198,7 @@ TEST_F(Gateway, AReplyOfMegabytesIsNoStationFile) {
     World().ServeFile(QStringLiteral("/data/observations/metar/stations/LFPB.TXT"), QByteArray(5 << 20, 'A'));
     Start(GoodSource);
     ASSERT_TRUE(Poll());
-    EXPECT_EQ(Form().W.State(), sckClosing);
+    EXPECT_EQ(W(Form()).State(), sckClosing);
     EXPECT_EQ(Rows(), 0);
     EXPECT_TRUE(World().GatewayLog().contains(QStringLiteral("station LFPB: the source answered 206")));
 }
@@ -303,7 +303,7 @@ TEST_F(Gateway, ARightClickWithoutThePageMakerOpensTheForecastWindowSayingSo) {
     EXPECT_EQ(window.Titre(0)->Caption(), QStringLiteral("Today"));
     EXPECT_EQ(window.Texte(0)->Caption(), QStringLiteral(" The forecast is not available yet."));
     EXPECT_EQ(window.Titre(5)->Caption(), QStringLiteral("Next night"));
-    EXPECT_TRUE(Form().T.Enabled());
+    EXPECT_TRUE(T(Form()).Enabled());
 }
 
 TEST_F(Gateway, ARightClickShowsTheForecastMadeFromTheSourceInSixBlocks) {
@@ -333,7 +333,7 @@ TEST_F(Gateway, ARightClickShowsTheForecastMadeFromTheSourceInSixBlocks) {
     EXPECT_TRUE(asked.first().startsWith(QStringLiteral("GET /weatherapi/locationforecast/2.0/compact?lat=49.")))
         << asked.first().toStdString();
     EXPECT_TRUE(asked.first().contains(QStringLiteral("tests@skelda.invalid")));
-    EXPECT_TRUE(Form().T.Enabled());
+    EXPECT_TRUE(T(Form()).Enabled());
 }
 
 TEST_F(Gateway, ManyRightClicksAskTheSourceOncePerCode) {

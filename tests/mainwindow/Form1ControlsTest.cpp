@@ -197,10 +197,10 @@ TEST_F(Form1Controls, TheSymbolsAreKeyedInTheirOrder) {
 }
 
 TEST_F(Form1Controls, TimersStandStillUntilTheStartIsOver) {
-    EXPECT_EQ(form->T.Interval(), 1000);
-    EXPECT_FALSE(form->T.Enabled());
-    EXPECT_EQ(form->TimerWinsock.Interval(), 20000);
-    EXPECT_FALSE(form->TimerWinsock.Enabled());
+    EXPECT_EQ(T(*form).Interval(), 1000);
+    EXPECT_FALSE(T(*form).Enabled());
+    EXPECT_EQ(TimerWinsock(*form).Interval(), 20000);
+    EXPECT_FALSE(TimerWinsock(*form).Enabled());
 }
 
 TEST_F(Form1Controls, ThePageHolderIsHiddenAndTheRestFitsTheWindow) {

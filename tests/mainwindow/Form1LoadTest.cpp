@@ -232,19 +232,19 @@ TEST_F(Form1Load, ClosingLeavesThePollCycleRunning) {
     // down on its caption, and the eleventh tick polls the next entry of the round, line 1; the
     // poll's own caption stops T, before the poll lets events run.
     QStringList captions;
-    QObject::connect(&form.T, &Timer::Tick, &form, [&] { captions.append(form.Caption()); });
+    QObject::connect(&T(form), &Timer::Tick, &form, [&] { captions.append(form.Caption()); });
     QObject::connect(&form, &QWidget::windowTitleChanged, &form, [&](const QString& caption) {
-        if (caption == QStringLiteral("Connection in progress...")) form.T.SetEnabled(false);
+        if (caption == QStringLiteral("Connection in progress...")) T(form).SetEnabled(false);
     });
-    form.T.SetInterval(10);
-    form.T.SetEnabled(true);
+    T(form).SetInterval(10);
+    T(form).SetEnabled(true);
     ASSERT_TRUE(QTest::qWaitFor([&] { return captions.size() >= 11; }, 5000));
     ASSERT_EQ(captions.size(), 11);
     EXPECT_EQ(captions[0], QStringLiteral("   Paris - Le Bourget - 9 secondes..."));
     EXPECT_EQ(captions[9], QStringLiteral("   Paris - Le Bourget - 0 secondes..."));
     EXPECT_EQ(captions[10], QStringLiteral("Connection in progress..."));
-    EXPECT_EQ(form.IndexReleve, 1);
-    EXPECT_EQ(form.SecondesAttente, 0);
+    EXPECT_EQ(form.Cycle().IndexReleve, 1);
+    EXPECT_EQ(form.Cycle().SecondesAttente, 0);
     EXPECT_TRUE(form.isHidden());
     EXPECT_EQ(form.Tag, QStringLiteral("MASQUE"));
     EXPECT_TRUE(runTimeEnds.empty());
@@ -272,16 +272,16 @@ struct EndOfSession : SessionEnd {
 TEST_F(Form1Load, TheEndOfTheSessionIsRefusedAndTheWindowOnlyHides) {
     Form1& form = Form();
     form.show();
-    form.T.SetEnabled(true);
+    T(form).SetEnabled(true);
     EndOfSession end(true);
     form.FinDeSession(end);
     EXPECT_EQ(end.cancelled, 1);
     EXPECT_FALSE(form.isVisible());
     EXPECT_EQ(form.Tag, QStringLiteral("MASQUE"));
     EXPECT_TRUE(forms.Loaded<Form1>());
-    EXPECT_TRUE(form.T.Enabled());
+    EXPECT_TRUE(T(form).Enabled());
     EXPECT_EQ(LogCount(QStringLiteral("Skelda Terminated")), 0);
-    form.T.SetEnabled(false);
+    T(form).SetEnabled(false);
 }
 
 TEST_F(Form1Load, AForcedEndOfTheSessionIsNotRefused) {
@@ -412,7 +412,7 @@ TEST_F(Form1Load, SelectingAnAirportRedrawsAtOnceButDoesntPoll) {
     EXPECT_EQ(form.FKNT[22]->Tag, QStringLiteral("LFPB 021100Z 24010KT CAVOK 12/08 Q1015"));
     // The poll cycle is wired, and no poll began: W wasn't asked to connect, and the caption
     // isn't Connect's.
-    EXPECT_EQ(form.W.State(), sckClosed);
+    EXPECT_EQ(W(form).State(), sckClosed);
     EXPECT_EQ(form.Caption(), QStringLiteral("Skelda"));
     EXPECT_TRUE(form.List1->isEnabled());
 }
@@ -444,7 +444,7 @@ TEST_F(Form1Load, AClickOnTheAirportAlreadySelectedRedrawsOnItsClickAndItsMouseD
     // List1_Click draws the chart, and so does List1_MouseDown for the left button.
     EXPECT_EQ(recording.Count(DrawOp::Cls), 2);
     EXPECT_EQ(form.List1->ListIndex(), LigneLeBourget);
-    EXPECT_EQ(form.W.State(), sckClosed);
+    EXPECT_EQ(W(form).State(), sckClosed);
     form.hide();
 }
 

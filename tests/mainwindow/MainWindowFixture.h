@@ -3,15 +3,16 @@
 // program finds them.
 #pragma once
 
-#include "Acquisition.h"
 #include "Form1.h"
 #include "Forms.h"
 #include "GuiApplication.h"
 #include "NotificationArea.h"
+#include "PollCycle.h"
 #include "RecordingSurface.h"
 #include "RunTime.h"
 #include "Seams.h"
 #include "TestDatabase.h"
+#include "acquisition/PollParts.h"
 
 #include <QColor>
 #include <QDir>
@@ -85,7 +86,7 @@ protected:
         // connection and the first poll's news fetch are refused at once, silently.
         services.observationServer = {QStringLiteral("127.0.0.1"), ClosedPort()};
         services.newsServer = {QStringLiteral("127.0.0.1"), ClosedPort()};
-        forms.Provide<Form1>(&LoadForm1WithPollCycle);
+        ProvideMainWindow(forms);
     }
     void TearDown() override {
         forms.Unload<Form1>();

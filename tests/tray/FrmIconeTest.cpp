@@ -65,7 +65,7 @@ TEST_F(Tray, LoadingTheStartFormLoadsForm1FirstAndAddsTheIconWithTipSkelda) {
     EXPECT_TRUE(forms.Loaded<Form1>());
     EXPECT_EQ(LogCount(QStringLiteral("Skelda Starting")), 1);
     Form1& f = Form();
-    EXPECT_FALSE(f.T.Enabled());
+    EXPECT_FALSE(T(f).Enabled());
     EXPECT_FALSE(f.isVisible());
     EXPECT_FALSE(tray.Image1->Picture().isNull());
     EXPECT_FALSE(tray.IconeNotif.hIcon.isNull());
@@ -147,7 +147,7 @@ TEST_F(Tray, TwoDoubleClicksShowForm1TwiceAndSetVisibleAgain) {
     EXPECT_TRUE(f.isVisible());
     EXPECT_EQ(f.Tag, QStringLiteral("VISIBLE"));
     // No other effect: no poll, no count.
-    EXPECT_EQ(f.SecondesAttente, 1);
+    EXPECT_EQ(f.Cycle().SecondesAttente, 1);
     ASSERT_TRUE(RoundTrip());  // a connection begun by now would have been accepted
     EXPECT_EQ(server.Connections(), 0);
 }
@@ -191,19 +191,19 @@ TEST_F(Tray, TheFirstTickOfTimer1EndsTheStartAndPollsThePreferredAirport) {
     EXPECT_EQ(tray.Timer1.Interval(), 10000);
     EXPECT_FALSE(tray.isVisible());
     EXPECT_TRUE(tray.Menu->menuAction()->isVisible());
-    EXPECT_TRUE(f.T.Enabled());
+    EXPECT_TRUE(T(f).Enabled());
     EXPECT_FALSE(f.isVisible());
     EXPECT_EQ(f.Caption(), QStringLiteral("Connection in progress..."));
     ASSERT_TRUE(server.WaitForRequests(1));
     EXPECT_EQ(server.Requests()[0], ExpectedRequest("LFPB"));
-    f.T.SetEnabled(false);
+    T(f).SetEnabled(false);
 }
 
 TEST_F(Tray, WithThreeEntriesAndTheSecondPreferredPollsGoTo11201) {
     FrmIcone& tray = StartForm();
     Form1& f = Form();
     tray.Timer1.Fire();
-    f.T.SetEnabled(false);  // ticked by the test alone
+    T(f).SetEnabled(false);  // ticked by the test alone
     ASSERT_TRUE(server.WaitForRequests(1));
     for (int poll = 2; poll <= 5; ++poll) {
         Tick(f, 11);
@@ -215,7 +215,7 @@ TEST_F(Tray, WithThreeEntriesAndTheSecondPreferredPollsGoTo11201) {
 TEST_F(Tray, LaterTicksPassTheCaptionOnEvenTheDesignCaption) {
     FrmIcone& tray = StartForm();
     tray.Timer1.Fire();
-    Form().T.SetEnabled(false);
+    T(Form()).SetEnabled(false);
     tray.Timer1.Fire();
     EXPECT_EQ(tray.TipText(), DesignCaption);
     EXPECT_TRUE(tray.IconeNotif.szTip.startsWith(DesignCaption + QStringLiteral("\r\n ")));
@@ -230,7 +230,7 @@ TEST_F(Tray, AReceptionReachesTheTipThroughTheCaption) {
     FrmIcone& tray = StartForm();
     Form1& f = Form();
     tray.Timer1.Fire();
-    f.T.SetEnabled(false);
+    T(f).SetEnabled(false);
     ASSERT_TRUE(QTest::qWaitFor([&] { return LogCount(QStringLiteral("New Metaf Recorded ")) == 1; }, 5000));
     // Le Bourget's entry with its three blanks trimmed, then the wind of the report.
     const QString attendu = QStringLiteral("Paris - Le Bourget\r\nWest South West Force 4");
@@ -385,14 +385,14 @@ TEST_F(Tray, ClosingForm1LeavesTheIconAndThePollsGoingOn) {
     tray.Timer1.Fire();  // the start ends: T runs, the first poll goes out
     ASSERT_TRUE(server.WaitForRequests(1));
     // A short interval stands for T's second, so that the next poll comes within the test.
-    f.T.SetInterval(10);
+    T(f).SetInterval(10);
     tray.MenuCourbe->trigger();
     ASSERT_TRUE(f.isVisible());
     EXPECT_FALSE(f.close());
     EXPECT_TRUE(f.isHidden());
     EXPECT_EQ(f.Tag, QStringLiteral("MASQUE"));
     EXPECT_TRUE(server.WaitForRequests(2));
-    f.T.SetEnabled(false);
+    T(f).SetEnabled(false);
     EXPECT_TRUE(forms.Loaded<Form1>());
     EXPECT_TRUE(forms.Loaded<FrmIcone>());
     EXPECT_EQ(ended, 0);

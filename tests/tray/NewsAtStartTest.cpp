@@ -48,6 +48,6 @@ TEST_F(NewsAtStart, WithoutANewsServerTheStartGoesOnSilently) {
     EXPECT_TRUE(forms.module1().NouvellesVues.IsEmpty());
     EXPECT_TRUE(boxes.shown.empty());
     EXPECT_TRUE(runTimeEnds.empty());
-    EXPECT_TRUE(Form().T.Enabled());
+    EXPECT_TRUE(T(Form()).Enabled());
     ASSERT_TRUE(server.WaitForRequests(1));
 }

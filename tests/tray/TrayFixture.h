@@ -23,7 +23,6 @@ protected:
         forms.Provide<FrmIcone>(&FrmIcone::Load);
         forms.ProvideAs<TrayForm, FrmIcone>();
         forms.Provide<FormMetaf>([](Forms& f) { return new FormMetaf(f.services()); });
-        forms.ProvideAs<PollingForm, Form1>();
         forms.Provide<AeroportsConfig>(&AeroportsConfig::Load);
         forms.Provide<ajoutareoports>(&ajoutareoports::Load);
         forms.Provide<StatistiqueMensuelle>(&StatistiqueMensuelle::Load);
