@@ -180,6 +180,12 @@ void AeroportsConfig::ajouterbtn_Click() {
     Unload();
 }
 
+void ProvideAirportForms(Forms& forms) {
+    forms.Provide<AeroportsConfig>(&AeroportsConfig::Load);
+    forms.ProvideAs<AirportsWindow, AeroportsConfig>();
+    forms.Provide<ajoutareoports>(&ajoutareoports::Load);
+}
+
 void AeroportsConfig::Form_Unload() { forms_.Get<PollingForm>().SetTEnabled(true); }
 
 void AeroportsConfig::Unload() {

@@ -9,8 +9,10 @@
 
 #include "Controls.h"
 #include "FormParts.h"
+#include "MenuWindows.h"
 
 #include <QWidget>
+#include <string_view>
 
 class QPushButton;
 
@@ -20,9 +22,12 @@ class Forms;
 class Image;
 class RunTimeGuard;
 
-class AeroportsConfig : public QWidget {
+class AeroportsConfig : public QWidget, public AirportsWindow {
     Q_OBJECT
 public:
+    // The library the form belongs to: the others reach it through its interfaces only.
+    static constexpr std::string_view Library = "airports";
+
     // Builds the form with its controls; nothing is read yet.
     explicit AeroportsConfig(Forms& forms);
     ~AeroportsConfig() override;
@@ -62,6 +67,9 @@ public:
     // Starts the main window's poll timer again.
     void Form_Unload();
 
+    // What the add form asks (AirportsWindow): the idx of List1's first line.
+    int32_t IdxPremiereLigne() const override { return List1->ItemData(0); }
+
     // The Unload statement on this form, from any of its handlers: Form_Unload, then the form
     // goes; it is deleted once the event has ended. A second call does nothing.
     void Unload();
@@ -80,5 +88,9 @@ private:
     Forms& forms_;
     bool unloaded_ = false;
 };
+
+// Tells Forms how the airport forms are made: AeroportsConfig, also as the tray's AirportsWindow,
+// and ajoutareoports.
+void ProvideAirportForms(Forms& forms);
 
 }  // namespace skelda

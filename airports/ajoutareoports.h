@@ -12,6 +12,7 @@
 #include "FormParts.h"
 
 #include <QWidget>
+#include <string_view>
 
 class QCheckBox;
 class QLineEdit;
@@ -26,6 +27,9 @@ class Recordset;
 class ajoutareoports : public QWidget {
     Q_OBJECT
 public:
+    // The library the form belongs to: the others reach it through its interfaces only.
+    static constexpr std::string_view Library = "airports";
+
     // Builds the form with its controls; nothing is read yet.
     explicit ajoutareoports(Forms& forms);
 

@@ -8,7 +8,6 @@
 #include "Artwork.h"
 #include "ForecastForm.h"
 #include "Form1.h"
-#include "FormMetaf.h"
 #include "Forms.h"
 #include "FrmIcone.h"
 #include "NotificationArea.h"
@@ -19,7 +18,6 @@
 #include "SeedDatabase.h"
 #include "Servers.h"
 #include "StatistiqueMensuelle.h"
-#include "ajoutareoports.h"
 
 #include <QDir>
 #include <QStringList>
@@ -73,12 +71,9 @@ int main(int argc, char* argv[]) {
     UpgradeDatabase(services.applicationPath + QStringLiteral("/database.mdb"), DatabaseSchema());
     Forms forms(services);
     ProvideMainWindow(forms);
-    forms.Provide<FrmIcone>(&FrmIcone::Load);
-    forms.ProvideAs<TrayForm, FrmIcone>();
-    forms.Provide<FormMetaf>([](Forms& f) { return new FormMetaf(f.services()); });
-    forms.Provide<AeroportsConfig>(&AeroportsConfig::Load);
-    forms.Provide<ajoutareoports>(&ajoutareoports::Load);
-    forms.Provide<StatistiqueMensuelle>(&StatistiqueMensuelle::Load);
+    ProvideTrayForms(forms);
+    ProvideAirportForms(forms);
+    ProvideMonthWindow(forms);
     ProvideForecastForms(forms);
 
     // The start form: its load loads Form1 (log, database, first chart) and adds the icon. A

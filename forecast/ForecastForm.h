@@ -11,6 +11,7 @@
 #include <QWidget>
 
 #include <array>
+#include <string_view>
 
 namespace skelda {
 
@@ -19,6 +20,9 @@ class Forms;
 class ForecastForm : public QWidget, public ForecastWindow {
     Q_OBJECT
 public:
+    // The library the form belongs to: the others reach it through its interfaces only.
+    static constexpr std::string_view Library = "forecast";
+
     // Builds the form with its controls at their design places, all captions blank. The platform
     // chooses where the window goes; it isn't shown until asked.
     explicit ForecastForm(Forms& forms, QWidget* parent = nullptr);

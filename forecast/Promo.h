@@ -7,6 +7,7 @@
 #include <QGroupBox>
 #include <QPushButton>
 #include <QWidget>
+#include <string_view>
 
 namespace skelda {
 
@@ -15,6 +16,9 @@ class Forms;
 class Promo : public QWidget {
     Q_OBJECT
 public:
+    // The library the form belongs to: the others reach it through its interfaces only.
+    static constexpr std::string_view Library = "forecast";
+
     // Builds the form, centred on the screen, and runs its Form_Load.
     explicit Promo(Forms& forms, QWidget* parent = nullptr);
 

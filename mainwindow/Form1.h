@@ -25,6 +25,7 @@
 #include <cstdint>
 #include <map>
 #include <memory>
+#include <string_view>
 
 namespace skelda {
 
@@ -35,6 +36,9 @@ class RunTimeGuard;
 class Form1 : public SurfaceWidget, public PollingForm, public PollWindow, public PageFetcher {
     Q_OBJECT
 public:
+    // The library the form belongs to: the others reach it through its interfaces only.
+    static constexpr std::string_view Library = "mainwindow";
+
     // Builds the form with all its controls at their design places, and its poll cycle; nothing
     // is read yet.
     explicit Form1(Forms& forms);

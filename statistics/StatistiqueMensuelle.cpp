@@ -67,6 +67,11 @@ StatistiqueMensuelle::StatistiqueMensuelle(Forms& forms) : forms_(forms) {
 
 StatistiqueMensuelle::~StatistiqueMensuelle() = default;
 
+void ProvideMonthWindow(Forms& forms) {
+    forms.Provide<StatistiqueMensuelle>(&StatistiqueMensuelle::Load);
+    forms.ProvideAs<MonthWindow, StatistiqueMensuelle>();
+}
+
 QString StatistiqueMensuelle::DatabasePath() const {
     return forms_.services().applicationPath + QStringLiteral("/database.mdb");
 }

@@ -12,6 +12,7 @@
 #include "Controls.h"
 #include "Dao.h"
 #include "FormParts.h"
+#include "MenuWindows.h"
 #include "StatisticsControls.h"
 
 #include <QMainWindow>
@@ -20,6 +21,7 @@
 #include <cstdint>
 #include <functional>
 #include <map>
+#include <string_view>
 #include <utility>
 
 class QAction;
@@ -30,9 +32,12 @@ namespace skelda {
 class Forms;
 class RunTimeGuard;
 
-class StatistiqueMensuelle : public QMainWindow {
+class StatistiqueMensuelle : public QMainWindow, public MonthWindow {
     Q_OBJECT
 public:
+    // The library the form belongs to: the others reach it through its interfaces only.
+    static constexpr std::string_view Library = "statistics";
+
     // Builds the form with all its controls at their design places; nothing is read yet.
     explicit StatistiqueMensuelle(Forms& forms);
     ~StatistiqueMensuelle() override;
@@ -118,5 +123,9 @@ private:
     Surface* drawingSurface_ = nullptr;
     std::function<void()> passageDeBoucle_;
 };
+
+// Tells Forms how the monthly window is made (StatistiqueMensuelle::Load), also as the tray's
+// MonthWindow.
+void ProvideMonthWindow(Forms& forms);
 
 }  // namespace skelda

@@ -7,6 +7,7 @@
 #include <QWidget>
 
 #include <cstdint>
+#include <string_view>
 
 class QLabel;
 class QPlainTextEdit;
@@ -21,6 +22,9 @@ namespace skelda {
 class FormMetaf : public QWidget {
     Q_OBJECT
 public:
+    // The library the form belongs to: the others reach it through its interfaces only.
+    static constexpr std::string_view Library = "tray";
+
     // Takes the database's folder (applicationPath) and the clock from services; shows the form.
     explicit FormMetaf(const Services& services, QWidget* parent = nullptr);
 

@@ -8,17 +8,16 @@
 #include <QMenu>
 #include <QScreen>
 
-#include "AeroportsConfig.h"
 #include "Convert.h"
 #include "FormMetaf.h"
 #include "Forms.h"
 #include "Images.h"
 #include "Log.h"
+#include "MenuWindows.h"
 #include "NotifyIcon.h"
 #include "PollingForm.h"
 #include "ResumeNext.h"
 #include "RunTime.h"
-#include "StatistiqueMensuelle.h"
 #include "Text.h"
 
 namespace skelda {
@@ -39,6 +38,12 @@ FrmIcone::FrmIcone(Forms& forms) : forms_(forms) {
 }
 
 FrmIcone::~FrmIcone() = default;
+
+void ProvideTrayForms(Forms& forms) {
+    forms.Provide<FrmIcone>(&FrmIcone::Load);
+    forms.ProvideAs<TrayForm, FrmIcone>();
+    forms.Provide<FormMetaf>([](Forms& f) { return new FormMetaf(f.services()); });
+}
 
 void FrmIcone::BuildControls() {
     setObjectName(QStringLiteral("FrmIcone"));
@@ -97,13 +102,12 @@ void FrmIcone::WireEvents() {
     // Unlike ZefirDemand, the menu's item leaves Form1's Tag as it is.
     On(guard(), MenuCourbe, &QAction::triggered, this, [this] { forms_.Widget<PollingForm>().show(); });
     // The monthly window loads at this first touch and shows without holding the menu.
-    On(guard(), MenuStatistiqueMensuelle, &QAction::triggered, this,
-       [this] { forms_.Get<StatistiqueMensuelle>().show(); });
+    On(guard(), MenuStatistiqueMensuelle, &QAction::triggered, this, [this] { forms_.Widget<MonthWindow>().show(); });
     // No poll while the airports are being chosen: the selection form starts T again when it
     // unloads. Not modal: the menu comes back at once.
     On(guard(), MenuAeroport, &QAction::triggered, this, [this] {
         forms_.Get<PollingForm>().SetTEnabled(false);
-        forms_.Widget<AeroportsConfig>().show();
+        forms_.Widget<AirportsWindow>().show();
     });
     // Should the item ever be enabled, the hand-entry form loads, which shows it.
     On(guard(), MenuMetaf, &QAction::triggered, this, [this] { forms_.Get<FormMetaf>().show(); });

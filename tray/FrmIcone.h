@@ -10,6 +10,7 @@
 #include <QString>
 #include <QWidget>
 #include <cstdint>
+#include <string_view>
 
 #include "Controls.h"
 #include "FormParts.h"
@@ -29,6 +30,9 @@ class RunTimeGuard;
 class FrmIcone : public QWidget, public TrayForm {
     Q_OBJECT
 public:
+    // The library the form belongs to: the others reach it through its interfaces only.
+    static constexpr std::string_view Library = "tray";
+
     // Builds the form with its controls; nothing else happens yet.
     explicit FrmIcone(Forms& forms);
     ~FrmIcone() override;
@@ -95,5 +99,9 @@ private:
 
     Forms& forms_;
 };
+
+// Tells Forms how the tray's forms are made: FrmIcone, also as the others' TrayForm, and the
+// hand-entry form FormMetaf.
+void ProvideTrayForms(Forms& forms);
 
 }  // namespace skelda

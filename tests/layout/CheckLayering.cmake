@@ -4,7 +4,7 @@
 # directly|its source files. A library's files may include the headers of the library itself and
 # of the libraries it links directly; a program's (a test or a benchmark) may include those of
 # everything its libraries bring with them. Fails with every include that breaks the rule, and
-# with any cycle among the libraries.
+# with any cycle among the libraries, and with any library that names a form of another.
 cmake_minimum_required(VERSION 3.25)
 
 file(STRINGS ${MANIFEST} lines)
@@ -103,8 +103,53 @@ foreach(name IN LISTS targets)
     endif()
 endforeach()
 
+# The forms meet through the interfaces of forms/: no library names a form of another library
+# (only the program, its tests and its benchmarks, which wire the forms, do). A form is a class
+# whose header declares the library it belongs to (`std::string_view Library = "..."`); its
+# name counts outside comments.
+set(forms "")
+foreach(name IN LISTS targets)
+    if(NOT kind_${name} STREQUAL "library")
+        continue()
+    endif()
+    foreach(file IN LISTS files_${name})
+        if(NOT file MATCHES "\\.h$")
+            continue()
+        endif()
+        file(READ ${file} text)
+        if(NOT text MATCHES "std::string_view Library = \"")
+            continue()
+        endif()
+        string(REGEX MATCHALL "\nclass [A-Za-z_][A-Za-z0-9_]* : public" declarations "${text}")
+        foreach(declaration IN LISTS declarations)
+            string(REGEX REPLACE "\nclass ([A-Za-z0-9_]+) : public" "\\1" form "${declaration}")
+            list(APPEND forms ${form})
+            set(form_owner_${form} ${name})
+        endforeach()
+    endforeach()
+endforeach()
+foreach(name IN LISTS targets)
+    if(NOT kind_${name} STREQUAL "library")
+        continue()
+    endif()
+    foreach(source IN LISTS files_${name})
+        file(STRINGS ${source} lines)
+        foreach(line IN LISTS lines)
+            string(REGEX REPLACE "//.*$" "" code "${line}")
+            foreach(form IN LISTS forms)
+                if(NOT form_owner_${form} STREQUAL name AND code MATCHES "(^|[^A-Za-z0-9_])${form}([^A-Za-z0-9_]|$)")
+                    get_filename_component(file ${source} NAME)
+                    string(APPEND problems "  ${file} of ${name} names the form ${form} of ${form_owner_${form}}\n")
+                endif()
+            endforeach()
+        endforeach()
+    endforeach()
+endforeach()
+
 if(problems)
     message(FATAL_ERROR "The layering of the libraries is broken:\n${problems}")
 endif()
 list(LENGTH targets count)
-message(STATUS "${count} libraries and programs: every include is of a linked library, and no link runs back")
+list(LENGTH forms formCount)
+message(STATUS "${count} libraries and programs: every include is of a linked library, no link runs back, and "
+               "${formCount} forms are named by their own libraries alone")

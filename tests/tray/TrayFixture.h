@@ -20,12 +20,9 @@ namespace skelda::test {
 class TrayFixture : public PollFixture {
 protected:
     void ProvideTray() override {
-        forms.Provide<FrmIcone>(&FrmIcone::Load);
-        forms.ProvideAs<TrayForm, FrmIcone>();
-        forms.Provide<FormMetaf>([](Forms& f) { return new FormMetaf(f.services()); });
-        forms.Provide<AeroportsConfig>(&AeroportsConfig::Load);
-        forms.Provide<ajoutareoports>(&ajoutareoports::Load);
-        forms.Provide<StatistiqueMensuelle>(&StatistiqueMensuelle::Load);
+        ProvideTrayForms(forms);
+        ProvideAirportForms(forms);
+        ProvideMonthWindow(forms);
     }
 
     // The start form, loaded now if it isn't. Its timer is stopped at once, so that only the
