@@ -19,9 +19,7 @@ public:
     explicit FenetrePrevision(Forms& forms) : forms_(forms) {}
     void Montrer() override { forms_.Widget<ForecastForm>().show(); }
     void Bloc(int Numero, const QString& Titre, const QString& Corps) override {
-        ForecastForm& form = forms_.Get<ForecastForm>();
-        form.Texte(Numero)->SetCaption(Corps);
-        form.Titre(Numero)->SetCaption(Titre);
+        forms_.Get<ForecastForm>().EcrireBloc(Numero, Titre, Corps);
     }
 
 private:
@@ -59,7 +57,7 @@ void AfficherNouvelles(const QString& /*Inutile*/, Forms& forms) {
     const ServerAddress& serveur = forms.services().newsServer;
     const QString page = Recevoir(forms, AdressePage(serveur.host, serveur.port, QStringLiteral("/Skelda/promo.html")));
     // The first touch of promo loads it, and its load writes the time of loading.
-    forms.Get<Promo>().Label1->SetCaption(page);
+    forms.Get<Promo>().AfficherPage(page);
     forms.Widget<Promo>().show();
     // Set last: a fetch that failed above doesn't count as seen, and the next poll tries again.
     forms.module1().NouvellesVues = QStringLiteral("vu");

@@ -22,6 +22,7 @@
 #include "Form1.h"
 #include "Forms.h"
 #include "GuiApplication.h"
+#include "Named.h"
 #include "NotificationArea.h"
 #include "PollCycle.h"
 #include "PollParts.h"

@@ -40,8 +40,8 @@ TEST_F(News, TheFirstPollShowsTheNewsWindowWithThePageAndTheTimeOfLoading) {
     ASSERT_TRUE(forms.Loaded<Promo>());
     Promo& promo = forms.Get<Promo>();
     EXPECT_TRUE(promo.isVisible());
-    EXPECT_EQ(promo.Label1->Caption(), UnMot);
-    EXPECT_EQ(promo.Label2->Caption(), QStringLiteral("02/11/2004 10:05:00"));
+    EXPECT_EQ(Named<Label>(promo, QStringLiteral("Label1"))->Caption(), UnMot);
+    EXPECT_EQ(Named<Label>(promo, QStringLiteral("Label2"))->Caption(), QStringLiteral("02/11/2004 10:05:00"));
     EXPECT_EQ(Form().wwwsource->Text(), UnMot);
     EXPECT_EQ(forms.module1().NouvellesVues, Variant(QStringLiteral("vu")));
     // The poll itself goes on behind the news.
@@ -55,12 +55,12 @@ TEST_F(News, AtMidnightTheTimeOfLoadingIsTheDateAlone) {
     clock.Set(QDateTime(QDate(2004, 11, 3), QTime(0, 0, 0, 400)));
     Form().Cycle().Connect();
     ASSERT_TRUE(forms.Loaded<Promo>());
-    EXPECT_EQ(forms.Get<Promo>().Label2->Caption(), QStringLiteral("03/11/2004"));
+    EXPECT_EQ(Named<Label>(forms.Get<Promo>(), QStringLiteral("Label2"))->Caption(), QStringLiteral("03/11/2004"));
     // A second later the time is there again.
     forms.Unload<Promo>();
     clock.Set(QDateTime(QDate(2004, 11, 3), QTime(0, 0, 1)));
     Promo& again = forms.Get<Promo>();
-    EXPECT_EQ(again.Label2->Caption(), QStringLiteral("03/11/2004 00:00:01"));
+    EXPECT_EQ(Named<Label>(again, QStringLiteral("Label2"))->Caption(), QStringLiteral("03/11/2004 00:00:01"));
 }
 
 TEST_F(News, SecondAndLaterPollsMakeNoFetch) {
@@ -74,7 +74,7 @@ TEST_F(News, SecondAndLaterPollsMakeNoFetch) {
 
 TEST_F(News, ClosingTheWindowDoesNotBringItBackAtTheNextPoll) {
     Form().Cycle().Connect();
-    QTest::mouseClick(forms.Get<Promo>().Command1, Qt::LeftButton);
+    QTest::mouseClick(Named<QPushButton>(forms.Get<Promo>(), QStringLiteral("Command1")), Qt::LeftButton);
     EXPECT_FALSE(forms.Loaded<Promo>());
     PollSuivant();
     EXPECT_FALSE(forms.Loaded<Promo>());
@@ -84,7 +84,7 @@ TEST_F(News, ClosingTheWindowDoesNotBringItBackAtTheNextPoll) {
 TEST_F(News, MarkupIsShownAsItComesAndNothingInItIsLoaded) {
     newsServer.Serve("/Skelda/promo.html", PageHtml);
     Form().Cycle().Connect();
-    Label* label = forms.Get<Promo>().Label1;
+    Label* label = Named<Label>(forms.Get<Promo>(), QStringLiteral("Label1"));
     EXPECT_EQ(label->Caption(), PageHtml);
     EXPECT_EQ(label->textFormat(), Qt::PlainText);
     EXPECT_FALSE(label->openExternalLinks());
@@ -95,7 +95,8 @@ TEST_F(News, MarkupIsShownAsItComesAndNothingInItIsLoaded) {
 TEST_F(News, AnErrorPageCountsAsNews) {
     services.newsServer = portal.Address();  // which has no such page
     Form().Cycle().Connect();
-    EXPECT_EQ(forms.Get<Promo>().Label1->Caption(), QStringLiteral("<html>Not Found</html>"));
+    EXPECT_EQ(Named<Label>(forms.Get<Promo>(), QStringLiteral("Label1"))->Caption(),
+              QStringLiteral("<html>Not Found</html>"));
     EXPECT_EQ(forms.module1().NouvellesVues, Variant(QStringLiteral("vu")));
 }
 
@@ -139,20 +140,21 @@ TEST_F(News, TheNewsWindowHasItsCaptionControlsAndPlaceInTheMiddleOfTheScreen) {
     EXPECT_EQ(promo.size(), QSize(504, 270));  // 7560 by 4050 twips, at 15 twips a pixel
     const QPoint centre = QGuiApplication::primaryScreen()->geometry().center();
     EXPECT_LE((promo.geometry().center() - centre).manhattanLength(), 2);
-    EXPECT_EQ(promo.Frame1->title(), QStringLiteral("News......"));
-    EXPECT_EQ(promo.Label1->parentWidget(), promo.Frame1);
-    EXPECT_EQ(promo.Command1->text(), QStringLiteral("Close"));
+    EXPECT_EQ(Named<QGroupBox>(promo, QStringLiteral("Frame1"))->title(), QStringLiteral("News......"));
+    EXPECT_EQ(Named<Label>(promo, QStringLiteral("Label1"))->parentWidget(),
+              Named<QGroupBox>(promo, QStringLiteral("Frame1")));
+    EXPECT_EQ(Named<QPushButton>(promo, QStringLiteral("Command1"))->text(), QStringLiteral("Close"));
     // The design's places in twips come to these pixels, to the nearest.
     const struct {
         QWidget* w;
         QRect pixels;
-    } places[] = {{promo.Frame1, {88, 16, 329, 201}},    // 1320, 240, 4935, 3015
-                  {promo.Label1, {16, 24, 297, 169}},    // 240, 360, 4455, 2535
-                  {promo.Command1, {208, 224, 89, 25}},  // 3120, 3360, 1335, 375
-                  {promo.Label2, {404, 251, 94, 14}}};   // 6060, 3768, 1404, 216
+    } places[] = {{Named<QGroupBox>(promo, QStringLiteral("Frame1")), {88, 16, 329, 201}},      // 1320, 240, 4935, 3015
+                  {Named<Label>(promo, QStringLiteral("Label1")), {16, 24, 297, 169}},          // 240, 360, 4455, 2535
+                  {Named<QPushButton>(promo, QStringLiteral("Command1")), {208, 224, 89, 25}},  // 3120, 3360, 1335, 375
+                  {Named<Label>(promo, QStringLiteral("Label2")), {404, 251, 94, 14}}};         // 6060, 3768, 1404, 216
     for (const auto& p : places) EXPECT_EQ(p.w->geometry(), p.pixels) << p.w->objectName().toStdString();
     for (const char* name : {"Frame1", "Label1", "Command1", "Label2"})
         EXPECT_NE(promo.findChild<QWidget*>(QString::fromLatin1(name)), nullptr) << name;
     // Loading wrote the time over the design's "now".
-    EXPECT_EQ(promo.Label2->Caption(), QStringLiteral("02/11/2004 10:05:00"));
+    EXPECT_EQ(Named<Label>(promo, QStringLiteral("Label2"))->Caption(), QStringLiteral("02/11/2004 10:05:00"));
 }

@@ -287,7 +287,8 @@ TEST_F(Gateway, TheFirstPollShowsTheNewsPageOnce) {
     ASSERT_TRUE(Poll());
     QFile installed(QStringLiteral(SKELDA_GATEWAY_DATA "/promo.html"));
     ASSERT_TRUE(installed.open(QIODevice::ReadOnly));
-    EXPECT_EQ(forms.Get<Promo>().Label1->Caption(), QString::fromLatin1(installed.readAll()));
+    EXPECT_EQ(Named<Label>(forms.Get<Promo>(), QStringLiteral("Label1"))->Caption(),
+              QString::fromLatin1(installed.readAll()));
     EXPECT_TRUE(forms.Widget<Promo>().isVisible());
     EXPECT_EQ(forms.module1().NouvellesVues, Variant(QStringLiteral("vu")));
 }
@@ -300,9 +301,10 @@ TEST_F(Gateway, ARightClickWithoutThePageMakerOpensTheForecastWindowSayingSo) {
     EXPECT_TRUE(boxes.shown.empty());
     ForecastForm& window = Prevision();
     EXPECT_TRUE(forms.Widget<ForecastForm>().isVisible());
-    EXPECT_EQ(window.Titre(0)->Caption(), QStringLiteral("Today"));
-    EXPECT_EQ(window.Texte(0)->Caption(), QStringLiteral(" The forecast is not available yet."));
-    EXPECT_EQ(window.Titre(5)->Caption(), QStringLiteral("Next night"));
+    EXPECT_EQ(Named<Label>(window, QStringLiteral("titre%1").arg(0 + 1))->Caption(), QStringLiteral("Today"));
+    EXPECT_EQ(Named<Label>(window, QStringLiteral("Label%1").arg(0 + 1))->Caption(),
+              QStringLiteral(" The forecast is not available yet."));
+    EXPECT_EQ(Named<Label>(window, QStringLiteral("titre%1").arg(5 + 1))->Caption(), QStringLiteral("Next night"));
     EXPECT_TRUE(T(Form()).Enabled());
 }
 
@@ -318,14 +320,16 @@ TEST_F(Gateway, ARightClickShowsTheForecastMadeFromTheSourceInSixBlocks) {
     EXPECT_TRUE(boxes.shown.empty());
     ForecastForm& window = Prevision();
     EXPECT_TRUE(forms.Widget<ForecastForm>().isVisible());
-    EXPECT_TRUE(window.Titre(0)->Caption() == QStringLiteral("Today") ||
-                window.Titre(0)->Caption() == QStringLiteral("Tonight"))
-        << window.Titre(0)->Caption().toStdString();
+    EXPECT_TRUE(Named<Label>(window, QStringLiteral("titre%1").arg(0 + 1))->Caption() == QStringLiteral("Today") ||
+                Named<Label>(window, QStringLiteral("titre%1").arg(0 + 1))->Caption() == QStringLiteral("Tonight"))
+        << Named<Label>(window, QStringLiteral("titre%1").arg(0 + 1))->Caption().toStdString();
     for (int block = 0; block < 6; ++block) {
-        EXPECT_FALSE(window.Titre(block)->Caption().isEmpty()) << block;
+        EXPECT_FALSE(Named<Label>(window, QStringLiteral("titre%1").arg(block + 1))->Caption().isEmpty()) << block;
         // Each block ends in its temperature, converted: "High 59F(15)c."
-        EXPECT_TRUE(window.Texte(block)->Caption().contains(QRegularExpression(QStringLiteral("F\\(-?[0-9]+\\)c\\.$"))))
-            << block << ": " << window.Texte(block)->Caption().toStdString();
+        EXPECT_TRUE(Named<Label>(window, QStringLiteral("Label%1").arg(block + 1))
+                        ->Caption()
+                        .contains(QRegularExpression(QStringLiteral("F\\(-?[0-9]+\\)c\\.$"))))
+            << block << ": " << Named<Label>(window, QStringLiteral("Label%1").arg(block + 1))->Caption().toStdString();
     }
     const QStringList asked = World().SourceRequests().filter(QStringLiteral("/compact?"));
     ASSERT_EQ(asked.size(), 1);

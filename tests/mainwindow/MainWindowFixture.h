@@ -6,6 +6,7 @@
 #include "Form1.h"
 #include "Forms.h"
 #include "GuiApplication.h"
+#include "Named.h"
 #include "NotificationArea.h"
 #include "PollCycle.h"
 #include "RecordingSurface.h"

@@ -4,6 +4,7 @@
 
 #include "Forms.h"
 #include "GuiApplication.h"
+#include "Named.h"
 #include "NotificationArea.h"
 #include "RecordingSurface.h"
 #include "RunTime.h"

@@ -29,7 +29,8 @@ TEST_F(NewsAtStart, TheFirstTickOfTheStartShowsTheNewsOnceAndLaterPollsFetchNoth
     tray.Timer1.Fire();
     ASSERT_TRUE(forms.Loaded<Promo>());
     EXPECT_TRUE(forms.Widget<Promo>().isVisible());
-    EXPECT_EQ(forms.Get<Promo>().Label1->Caption(), QStringLiteral("Skelda 0.32 is out"));
+    EXPECT_EQ(Named<Label>(forms.Get<Promo>(), QStringLiteral("Label1"))->Caption(),
+              QStringLiteral("Skelda 0.32 is out"));
     EXPECT_EQ(news.Requests().size(), 1u);
     // The first poll went out all the same, for the preferred airport.
     ASSERT_TRUE(server.WaitForRequests(1));
