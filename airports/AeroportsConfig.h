@@ -36,16 +36,6 @@ public:
     // Forms::Provide. A failure of the database reaches the caller, and the form is dropped.
     static AeroportsConfig* Load(Forms& forms) { return LoadForm<AeroportsConfig>(forms); }
 
-    // ---- Controls, under their design names.
-    ListBox* List1 = nullptr;  // every airport; a selected line is an active airport
-    Label* PREF = nullptr;     // the line of the preferred airport; its Tag is that airport's idx
-    Label* NBS = nullptr;      // how many lines are selected
-    Label* Label1 = nullptr;
-    Image* Image1 = nullptr;
-    QPushButton* Command1 = nullptr;    // "Validate"
-    QPushButton* Command2 = nullptr;    // "Cancel"
-    QPushButton* ajouterbtn = nullptr;  // "Edit"
-
     // ---- Procedures of the form. None handles a failure of the database: it reaches the
     // run-time error box.
     // Every airport by city, "ville - aéroport" with its idx in ItemData; the active ones
@@ -81,6 +71,16 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
+    // ---- Controls, under their design names.
+    ListBox* List1 = nullptr;  // every airport; a selected line is an active airport
+    Label* PREF = nullptr;     // the line of the preferred airport; its Tag is that airport's idx
+    Label* NBS = nullptr;      // how many lines are selected
+    Label* Label1 = nullptr;
+    Image* Image1 = nullptr;
+    QPushButton* Command1 = nullptr;    // "Validate"
+    QPushButton* Command2 = nullptr;    // "Cancel"
+    QPushButton* ajouterbtn = nullptr;  // "Edit"
+
     RunTimeGuard& guard() const;
     void BuildControls();
     void WireEvents();

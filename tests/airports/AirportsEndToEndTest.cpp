@@ -33,7 +33,7 @@ TEST_F(AirportsEndToEnd, TheAirportsItemStopsThePollTimerUntilTheFormCloses) {
     EXPECT_TRUE(form.isVisible());
     EXPECT_FALSE(form.isModal());
     EXPECT_FALSE(T(Form()).Enabled());
-    QTest::mouseClick(form.Command2, Qt::LeftButton);
+    QTest::mouseClick(Named<QPushButton>(form, QStringLiteral("Command2")), Qt::LeftButton);
     EXPECT_TRUE(T(Form()).Enabled());
 }
 
@@ -42,12 +42,14 @@ TEST_F(AirportsEndToEnd, ANewChoiceChangesTheListTableIDAAndThePreferredAirportA
     EXPECT_EQ(server.Codes().back(), QByteArray("LFPB"));  // the preferred airport, polled first
     tray.MenuAeroport->trigger();
     AeroportsConfig& form = forms.Get<AeroportsConfig>();
-    ClickLine(form.List1, 1);        // Paris - Le Bourget: the preferred airport, unselected
-    DoubleClickLine(form.List1, 2);  // Roissy preferred (it was selected: off, then on again)
-    ClickLine(form.List1, 1);        // Paris selected again: the choice is valid
-    ASSERT_TRUE(form.Command1->isEnabled());
-    ClickLine(form.List1, 0);  // London no longer active
-    QTest::mouseClick(form.Command1, Qt::LeftButton);
+    ClickLine(Named<ListBox>(form, QStringLiteral("List1")),
+              1);  // Paris - Le Bourget: the preferred airport, unselected
+    DoubleClickLine(Named<ListBox>(form, QStringLiteral("List1")),
+                    2);  // Roissy preferred (it was selected: off, then on again)
+    ClickLine(Named<ListBox>(form, QStringLiteral("List1")), 1);  // Paris selected again: the choice is valid
+    ASSERT_TRUE(Named<QPushButton>(form, QStringLiteral("Command1"))->isEnabled());
+    ClickLine(Named<ListBox>(form, QStringLiteral("List1")), 0);  // London no longer active
+    QTest::mouseClick(Named<QPushButton>(form, QStringLiteral("Command1")), Qt::LeftButton);
 
     ListBox* list = Form().List1;
     ASSERT_EQ(list->ListCount(), 2);
@@ -69,14 +71,14 @@ TEST_F(AirportsEndToEnd, ANewChoiceChangesTheListTableIDAAndThePreferredAirportA
 TEST_F(AirportsEndToEnd, AddingLfthStoresItActiveListsItAndPollsIt) {
     FrmIcone& tray = Started();
     tray.MenuAeroport->trigger();
-    QTest::mouseClick(forms.Get<AeroportsConfig>().ajouterbtn, Qt::LeftButton);
+    QTest::mouseClick(Named<QPushButton>(forms.Get<AeroportsConfig>(), QStringLiteral("ajouterbtn")), Qt::LeftButton);
     ajoutareoports& form = forms.Get<ajoutareoports>();
     EXPECT_TRUE(T(Form()).Enabled());  // polling runs while the user types
-    Type(form.identificationaéroport, QStringLiteral("lfth"));
-    Type(form.nomareoport, QStringLiteral("Francazal"));
-    Type(form.villeareoport, QStringLiteral("Toulouse"));
-    Type(form.fuseauhorraire, QStringLiteral("+1"));
-    QTest::mouseClick(form.confirmerbtn, Qt::LeftButton);
+    Type(Named<QLineEdit>(form, QStringLiteral("identificationaéroport")), QStringLiteral("lfth"));
+    Type(Named<QLineEdit>(form, QStringLiteral("nomareoport")), QStringLiteral("Francazal"));
+    Type(Named<QLineEdit>(form, QStringLiteral("villeareoport")), QStringLiteral("Toulouse"));
+    Type(Named<QLineEdit>(form, QStringLiteral("fuseauhorraire")), QStringLiteral("+1"));
+    QTest::mouseClick(Named<QPushButton>(form, QStringLiteral("confirmerbtn")), Qt::LeftButton);
 
     EXPECT_EQ(db.Value(QStringLiteral("SELECT \"activé\" FROM \"Aéroports\" WHERE IDA = 'LFTH'")).toInt(), 1);
     ListBox* list = Form().List1;
