@@ -40,11 +40,12 @@ public:
     // control calls it.
     void VerifierMetaf();
 
+private:
+    // ---- Controls, under their design names.
     QLabel* Label1;
     QPlainTextEdit* Text1;
     QPushButton* Command2;
 
-private:
     void Form_Load();
     void Text1_Change();
     void Command2_Click();

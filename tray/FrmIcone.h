@@ -41,19 +41,6 @@ public:
     // maker that the program gives to Forms::Provide. A failure of Form1's load reaches the caller.
     static FrmIcone* Load(Forms& forms) { return LoadForm<FrmIcone>(forms); }
 
-    // ---- Controls, under their design names.
-    QLabel* Picture1 = nullptr;  // the start-up picture
-    Image* Image1 = nullptr;     // holds Form1's icon, the notification icon's picture
-    Timer Timer1{1000, true};
-    QMenu* Menu = nullptr;  // the popup menu, objectName "Menu"
-    QAction* MenuCourbe = nullptr;
-    QAction* MenuStatistiqueMensuelle = nullptr;
-    QAction* MenuAeroport = nullptr;
-    QAction* viewlog = nullptr;
-    QAction* MenuMetaf = nullptr;
-    QAction* MenuPrerences = nullptr;
-    QAction* Quit = nullptr;
-
     // ---- Form-level values.
     NotifyIconData IconeNotif;
     int16_t FormIconeActif = 0;  // -1 while an icon message is being handled
@@ -90,6 +77,19 @@ protected:
     bool event(QEvent* event) override;
 
 private:
+    // ---- Controls, under their design names.
+    QLabel* Picture1 = nullptr;  // the start-up picture
+    Image* Image1 = nullptr;     // holds Form1's icon, the notification icon's picture
+    Timer Timer1{1000, true, this};
+    QMenu* Menu = nullptr;  // the popup menu, objectName "Menu"
+    QAction* MenuCourbe = nullptr;
+    QAction* MenuStatistiqueMensuelle = nullptr;
+    QAction* MenuAeroport = nullptr;
+    QAction* viewlog = nullptr;
+    QAction* MenuMetaf = nullptr;
+    QAction* MenuPrerences = nullptr;
+    QAction* Quit = nullptr;
+
     RunTimeGuard& guard() const;
     void BuildControls();
     void BuildMenu();

@@ -299,7 +299,7 @@ TEST_F(Selection, TheCloseBoxUnloadsTheFormAndStartsThePollTimer) {
 TEST_F(Selection, TheAirportsItemWhileTheFormIsOpenShowsTheSameForm) {
     AeroportsConfig& form = OpenSelection();
     ClickLine(Named<ListBox>(form, QStringLiteral("List1")), LineHeathrow);
-    StartForm().MenuAeroport->trigger();
+    Named<QAction>(StartForm(), QStringLiteral("MenuAeroport"))->trigger();
     EXPECT_EQ(&forms.Get<AeroportsConfig>(), &form);
     EXPECT_FALSE(Named<ListBox>(form, QStringLiteral("List1"))->Selected(LineHeathrow));  // the change still stands
     EXPECT_FALSE(T(Form()).Enabled());
@@ -380,7 +380,7 @@ TEST_F(Selection, AMissingDatabaseFailsTheLoadWithTheRunTimeErrorBox) {
     StartForm();
     T(Form()).SetEnabled(true);
     ASSERT_TRUE(QFile::remove(db.Path()));
-    StartForm().MenuAeroport->trigger();
+    Named<QAction>(StartForm(), QStringLiteral("MenuAeroport"))->trigger();
     ASSERT_EQ(runTimeEnds, std::vector<int>{DaoFileNotFound});
     EXPECT_FALSE(forms.Loaded<AeroportsConfig>());
     // T was stopped first, and no unload comes to start it again.

@@ -13,7 +13,7 @@ protected:
     // The end of the start: the first tick of the tray's timer starts T and polls once.
     FrmIcone& Started() {
         FrmIcone& tray = StartForm();
-        tray.Timer1.Fire();
+        Named<Timer>(tray, QStringLiteral("Timer1"))->Fire();
         EXPECT_TRUE(T(Form()).Enabled());
         EXPECT_TRUE(server.WaitForRequests(1));
         return tray;
@@ -27,7 +27,7 @@ protected:
 
 TEST_F(AirportsEndToEnd, TheAirportsItemStopsThePollTimerUntilTheFormCloses) {
     FrmIcone& tray = Started();
-    tray.MenuAeroport->trigger();
+    Named<QAction>(tray, QStringLiteral("MenuAeroport"))->trigger();
     ASSERT_TRUE(forms.Loaded<AeroportsConfig>());
     AeroportsConfig& form = forms.Get<AeroportsConfig>();
     EXPECT_TRUE(form.isVisible());
@@ -40,7 +40,7 @@ TEST_F(AirportsEndToEnd, TheAirportsItemStopsThePollTimerUntilTheFormCloses) {
 TEST_F(AirportsEndToEnd, ANewChoiceChangesTheListTableIDAAndThePreferredAirportAndThePollFollows) {
     FrmIcone& tray = Started();
     EXPECT_EQ(server.Codes().back(), QByteArray("LFPB"));  // the preferred airport, polled first
-    tray.MenuAeroport->trigger();
+    Named<QAction>(tray, QStringLiteral("MenuAeroport"))->trigger();
     AeroportsConfig& form = forms.Get<AeroportsConfig>();
     ClickLine(Named<ListBox>(form, QStringLiteral("List1")),
               1);  // Paris - Le Bourget: the preferred airport, unselected
@@ -70,7 +70,7 @@ TEST_F(AirportsEndToEnd, ANewChoiceChangesTheListTableIDAAndThePreferredAirportA
 
 TEST_F(AirportsEndToEnd, AddingLfthStoresItActiveListsItAndPollsIt) {
     FrmIcone& tray = Started();
-    tray.MenuAeroport->trigger();
+    Named<QAction>(tray, QStringLiteral("MenuAeroport"))->trigger();
     QTest::mouseClick(Named<QPushButton>(forms.Get<AeroportsConfig>(), QStringLiteral("ajouterbtn")), Qt::LeftButton);
     ajoutareoports& form = forms.Get<ajoutareoports>();
     EXPECT_TRUE(T(Form()).Enabled());  // polling runs while the user types

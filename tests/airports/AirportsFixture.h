@@ -53,7 +53,7 @@ protected:
     AeroportsConfig& OpenSelection() {
         FrmIcone& tray = StartForm();
         T(Form()).SetEnabled(true);
-        tray.MenuAeroport->trigger();
+        Named<QAction>(tray, QStringLiteral("MenuAeroport"))->trigger();
         EXPECT_TRUE(forms.Loaded<AeroportsConfig>());
         return forms.Get<AeroportsConfig>();
     }

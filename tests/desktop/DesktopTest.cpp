@@ -42,9 +42,9 @@ protected:
     // Closes the menu whenever it comes up, and counts how often it did.
     void CloseTheMenuWhenItComes(FrmIcone& tray) {
         QObject::connect(&menuWatch, &QTimer::timeout, &menuWatch, [this, &tray] {
-            if (!tray.Menu->isVisible()) return;
+            if (!Named<QMenu>(tray, QStringLiteral("Menu"))->isVisible()) return;
             ++menusShown;
-            tray.Menu->close();
+            Named<QMenu>(tray, QStringLiteral("Menu"))->close();
         });
         menuWatch.start(10);
     }
@@ -74,7 +74,7 @@ TEST_F(RealTray, ARightPressOnTheIconDoesNothingUntilItsReleasePopsUpTheMenu) {
     QTest::mousePress(icone, Qt::RightButton, Qt::NoModifier, centre);
     ASSERT_TRUE(QTest::qWaitFor([&] { return tray.MessageSouris == MsgRightDown; }, 5000));
     EXPECT_EQ(menusShown, 0);
-    EXPECT_FALSE(tray.Menu->isVisible());
+    EXPECT_FALSE(Named<QMenu>(tray, QStringLiteral("Menu"))->isVisible());
 
     icone = IconWindow(tray);
     ASSERT_NE(icone, nullptr);
@@ -114,7 +114,7 @@ TEST_F(RealTray, APointerMovingOverTheIconIsMessage512AndIgnored) {
     QCoreApplication::sendEvent(icone, &move);
     ASSERT_TRUE(QTest::qWaitFor([&] { return tray.MessageSouris == MsgMouseMove; }, 5000));
     EXPECT_FALSE(Form().isVisible());
-    EXPECT_FALSE(tray.Menu->isVisible());
+    EXPECT_FALSE(Named<QMenu>(tray, QStringLiteral("Menu"))->isVisible());
 }
 
 TEST_F(RealTray, ATipLongerThan64CharactersIsCutOnTheIcon) {
@@ -132,7 +132,7 @@ TEST_F(RealTray, QuitTakesTheIconAndItsWindowAwayAndEndsTheProcess) {
     FrmIcone& tray = TrayWithIcon();
     ASSERT_NE(Icone(tray), nullptr);
     ASSERT_TRUE(Icone(tray)->isVisible());
-    tray.Quit->trigger();
+    Named<QAction>(tray, QStringLiteral("Quit"))->trigger();
     EXPECT_EQ(ended, 1);
     EXPECT_FALSE(Icone(tray)->isVisible());
     EXPECT_TRUE(QTest::qWaitFor([&] { return Icone(tray)->Window() == nullptr; }, 5000));

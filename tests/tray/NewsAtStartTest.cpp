@@ -26,7 +26,7 @@ TEST_F(NewsAtStart, TheFirstTickOfTheStartShowsTheNewsOnceAndLaterPollsFetchNoth
     services.newsServer = {QStringLiteral("127.0.0.1"), quint16(news.Port())};
     FrmIcone& tray = StartForm();
     EXPECT_FALSE(forms.Loaded<Promo>());
-    tray.Timer1.Fire();
+    Named<Timer>(tray, QStringLiteral("Timer1"))->Fire();
     ASSERT_TRUE(forms.Loaded<Promo>());
     EXPECT_TRUE(forms.Widget<Promo>().isVisible());
     EXPECT_EQ(Named<Label>(forms.Get<Promo>(), QStringLiteral("Label1"))->Caption(),
@@ -44,7 +44,7 @@ TEST_F(NewsAtStart, TheFirstTickOfTheStartShowsTheNewsOnceAndLaterPollsFetchNoth
 
 TEST_F(NewsAtStart, WithoutANewsServerTheStartGoesOnSilently) {
     FrmIcone& tray = StartForm();
-    tray.Timer1.Fire();
+    Named<Timer>(tray, QStringLiteral("Timer1"))->Fire();
     EXPECT_FALSE(forms.Loaded<Promo>());
     EXPECT_TRUE(forms.module1().NouvellesVues.IsEmpty());
     EXPECT_TRUE(boxes.shown.empty());

@@ -31,8 +31,9 @@ protected:
         const bool first = !forms.Loaded<FrmIcone>();
         FrmIcone& tray = forms.Get<FrmIcone>();
         if (first) {
-            timer1AtLoad = {tray.Timer1.Enabled(), tray.Timer1.Interval()};
-            tray.Timer1.SetEnabled(false);
+            timer1AtLoad = {Named<Timer>(tray, QStringLiteral("Timer1"))->Enabled(),
+                            Named<Timer>(tray, QStringLiteral("Timer1"))->Interval()};
+            Named<Timer>(tray, QStringLiteral("Timer1"))->SetEnabled(false);
             // Each later call to the notification area is noted with the record as it stood,
             // then made.
             notificationArea.watch = [this](int dwMessage, const NotifyIconData& record) {
