@@ -8,6 +8,7 @@
 // airport, and the month moves through the three years of the window's list.
 #include "Forms.h"
 #include "GuiBenchmarks.h"
+#include "Named.h"
 #include "NotificationArea.h"
 #include "PrinterSurface.h"
 #include "RecordingSurface.h"
@@ -57,20 +58,23 @@ public:
     // Selects the airport, month and year of iteration N without raising the lists' clicks: the
     // 36 months of 2003 to 2005 in turn, every month with 28 to 31 days of observations.
     void Select(int n) {
-        StatistiqueMensuelle& f = form();
-        const QSignalBlocker airports(f.Aeroports);
-        const QSignalBlocker months(f.Mois);
-        const QSignalBlocker years(f.Annee);
-        f.Aeroports->setCurrentRow(n % kAirports);
-        f.Mois->setCurrentRow(n % 12);
-        f.Annee->setCurrentRow((n / 12) % 3);
+        const QSignalBlocker airports(aeroports_);
+        const QSignalBlocker months(mois_);
+        const QSignalBlocker years(annee_);
+        aeroports_->setCurrentRow(n % kAirports);
+        mois_->setCurrentRow(n % 12);
+        annee_->setCurrentRow((n / 12) % 3);
     }
 
 private:
     Station() {
         bench::CreateSyntheticStore(store_.filePath(QStringLiteral("database.mdb")), kFirstDay, kDays);
         forms_.Provide<StatistiqueMensuelle>(&StatistiqueMensuelle::Load);
-        form();
+        // The three lists, found by their names once: the form stays loaded.
+        StatistiqueMensuelle& f = form();
+        aeroports_ = test::Named<ListBox>(f, QStringLiteral("Aeroports"));
+        mois_ = test::Named<ListBox>(f, QStringLiteral("Mois"));
+        annee_ = test::Named<ListBox>(f, QStringLiteral("Année"));
     }
 
     static inline std::unique_ptr<Station> instance;
@@ -86,6 +90,9 @@ private:
     Services services_{clock_,        random_,  boxes_,      guard_,           {}, {}, {},
                        store_.path(), printer_, processEnd_, notificationArea_};
     Forms forms_{services_};
+    ListBox* aeroports_ = nullptr;
+    ListBox* mois_ = nullptr;
+    ListBox* annee_ = nullptr;
 };
 
 void BM_MakeStore(benchmark::State& state) {
@@ -104,7 +111,7 @@ void BM_AfficherMoisOnRecording(benchmark::State& state) {
         form.AfficherMois();
         if (recording.Boxes().size() < 2 * 28) state.SkipWithError("the month isn't whole");
     }
-    form.DrawOn(*form.Picture1);
+    form.DrawOn(*test::Named<PlotPicture>(form, QStringLiteral("Picture1")));
 }
 
 void BM_AfficherMoisOnPicture1(benchmark::State& state) {

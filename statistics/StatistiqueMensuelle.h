@@ -47,28 +47,13 @@ public:
     // caller (a year other than 2003 to 2005, a missing database), and the half-loaded form goes.
     static StatistiqueMensuelle* Load(Forms& forms) { return LoadForm<StatistiqueMensuelle>(forms); }
 
-    // ---- Controls, under their design names.
-    SurfaceWidget* Client = nullptr;  // the form's own surface, under the menu bar
-    Label* Label1 = nullptr;
-    ListBox* Aeroports = nullptr;
-    ListBox* Annee = nullptr;  // objectName "Année"
-    Label* Label2 = nullptr;
-    ListBox* Mois = nullptr;
-    std::map<int, CheckBox*> CheckCourbe;  // 1 pressure, 2 temperature, 3 wind
-    std::map<int, Label*> TxtTemp;         // 0 at design, 5 to 50 loaded by Form_Load
-    std::array<Label*, 4> TxtDeg{};
-    PlotPicture* Picture1 = nullptr;
+    // ---- The line controls and the frame drawn above Picture1, in twips.
     LineControl Lverticale;
     LineControl Lhorizontale;
     LineControl Line2;
     LineControl Line3;
     std::array<LineControl, 2> Line1{};
-    QRect Shape1;                   // in twips, relative to Picture1
-    std::array<Label*, 32> Jour{};  // 1 to 31; 0 stays empty
-    Label* Bulletin = nullptr;      // the pop-up text of the day under the pointer
-    QMenu* MenuStat = nullptr;      // "Menu"
-    QAction* MenuStatImprimer = nullptr;
-    QAction* MenuStatFermer = nullptr;
+    QRect Shape1;  // in twips, relative to Picture1
 
     // ---- Form-level values.
     int16_t StatPrete = 0;  // -1 from the end of Form_Load until Form_Unload
@@ -113,6 +98,23 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    // ---- Controls, under their design names.
+    SurfaceWidget* Client = nullptr;  // the form's own surface, under the menu bar
+    Label* Label1 = nullptr;
+    ListBox* Aeroports = nullptr;
+    ListBox* Annee = nullptr;  // objectName "Année"
+    Label* Label2 = nullptr;
+    ListBox* Mois = nullptr;
+    std::map<int, CheckBox*> CheckCourbe;  // 1 pressure, 2 temperature, 3 wind
+    std::map<int, Label*> TxtTemp;         // 0 at design, 5 to 50 loaded by Form_Load
+    std::array<Label*, 4> TxtDeg{};
+    PlotPicture* Picture1 = nullptr;
+    std::array<Label*, 32> Jour{};  // 1 to 31; 0 stays empty
+    Label* Bulletin = nullptr;      // the pop-up text of the day under the pointer
+    QMenu* MenuStat = nullptr;      // "Menu"
+    QAction* MenuStatImprimer = nullptr;
+    QAction* MenuStatFermer = nullptr;
+
     RunTimeGuard& guard() const;
     void BuildControls();
     void BuildMenu();

@@ -84,9 +84,9 @@ protected:
 
     // Selects the airport line and the month (1 to 12) as the user does, which draws the month.
     void Show(StatistiqueMensuelle& form, int airportLine, int month) {
-        form.Aeroports->SetListIndex(airportLine);
+        Named<ListBox>(form, QStringLiteral("Aeroports"))->SetListIndex(airportLine);
         recording.Clear();
-        form.Mois->SetListIndex(month - 1);
+        Named<ListBox>(form, QStringLiteral("Mois"))->SetListIndex(month - 1);
     }
 
     // Adds the observation of one day: wind, direction, temperature and pressure, at a time.

@@ -262,7 +262,7 @@ TEST_F(Tray, MonthlyCurveLoadsTheMonthlyWindowAndShowsItWithoutWaiting) {
     EXPECT_TRUE(stat.isVisible());
     EXPECT_FALSE(stat.isModal());
     EXPECT_EQ(stat.StatPrete, -1);
-    EXPECT_EQ(stat.Mois->ListIndex(), 10);  // the clock's November
+    EXPECT_EQ(Named<ListBox>(stat, QStringLiteral("Mois"))->ListIndex(), 10);  // the clock's November
     EXPECT_TRUE(runTimeEnds.empty());
     // A second click shows the same window.
     Named<QAction>(tray, QStringLiteral("MenuStatistiqueMensuelle"))->trigger();
