@@ -21,6 +21,7 @@
 #include "Forms.h"
 #include "FrmIcone.h"
 #include "GuiBenchmarks.h"
+#include "Named.h"
 #include "NotificationArea.h"
 #include "PollCycle.h"
 #include "RunTime.h"

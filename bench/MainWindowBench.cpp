@@ -9,6 +9,7 @@
 #include "Form1.h"
 #include "Forms.h"
 #include "GuiBenchmarks.h"
+#include "Named.h"
 #include "NotificationArea.h"
 #include "RecordingSurface.h"
 #include "RunTime.h"
@@ -48,11 +49,10 @@ public:
 
     // Selects the airport and day of iteration N without raising the lists' clicks.
     void Select(int n) {
-        Form1& f = form();
-        const QSignalBlocker listBlock(f.List1);
-        const QSignalBlocker dateBlock(f.ChoixDate);
-        f.List1->setCurrentRow(n % kAirports);
-        f.ChoixDate->setCurrentIndex((n * 37) % f.ChoixDate->ListCount());
+        const QSignalBlocker listBlock(list1_);
+        const QSignalBlocker dateBlock(choixDate_);
+        list1_->setCurrentRow(n % kAirports);
+        choixDate_->setCurrentIndex((n * 37) % choixDate_->ListCount());
     }
 
 private:
@@ -70,7 +70,10 @@ private:
             picture.save(QStringLiteral("Images/LF%1.BMP").arg(a, 2, 10, QLatin1Char('0')), "BMP");
 
         forms_.Provide<Form1>(&Form1::Load);
-        form();
+        // The airport list and the date list, found by their names once: the form stays loaded.
+        Form1& f = form();
+        list1_ = test::Named<ListBox>(f, QStringLiteral("List1"));
+        choixDate_ = test::Named<ComboBox>(f, QStringLiteral("ChoixDate"));
     }
 
     static inline std::unique_ptr<Station> instance;
@@ -87,6 +90,8 @@ private:
     Services services_{clock_,        random_,  boxes_,      guard_,           {}, {}, {},
                        store_.path(), printer_, processEnd_, notificationArea_};
     Forms forms_{services_};
+    ListBox* list1_ = nullptr;
+    ComboBox* choixDate_ = nullptr;
 };
 
 void BM_MakeStore(benchmark::State& state) {

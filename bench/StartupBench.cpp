@@ -17,6 +17,7 @@
 #include "Forms.h"
 #include "FrmIcone.h"
 #include "GuiBenchmarks.h"
+#include "Named.h"
 #include "NotificationArea.h"
 #include "Printer.h"
 #include "RunTime.h"
@@ -185,9 +186,10 @@ void BM_StartToIcon(benchmark::State& state) {
 // The list of days as the main window fills it: the query, and 3652 lines into the combo box.
 void BM_RemplirDates(benchmark::State& state) {
     Form1& form = Station::Instance().form();
+    const ComboBox* choixDate = test::Named<ComboBox>(form, QStringLiteral("ChoixDate"));
     for (auto _ : state) {
         form.RemplirDates();
-        if (form.ChoixDate->ListCount() < kDays) state.SkipWithError("days are missing");
+        if (choixDate->ListCount() < kDays) state.SkipWithError("days are missing");
     }
 }
 

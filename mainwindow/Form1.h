@@ -32,6 +32,7 @@ namespace skelda {
 class Forms;
 class PollCycle;
 class RunTimeGuard;
+struct Form1Builder;
 
 class Form1 : public SurfaceWidget, public PollingForm, public PollWindow, public PageFetcher {
     Q_OBJECT
@@ -51,41 +52,12 @@ public:
 
     Forms& forms() const { return forms_; }
 
-    // ---- Controls, under their design names.
-    QGroupBox* Frame4 = nullptr;  // "Aiarport"
-    ListBox* List1 = nullptr;
-    ComboBox* ChoixDate = nullptr;
-    QGroupBox* Frame1 = nullptr;  // "Wind & &Temp."
-    Label* TXTtitre = nullptr;
-    QGroupBox* LeBulletin = nullptr;  // "Prévisions :"
-    Label* TXTbulletin = nullptr;
-    Label* Label1 = nullptr;
-    Label* Label2 = nullptr;
-    Label* Label3 = nullptr;
-    Label* Label6 = nullptr;
-    Label* TXTforce = nullptr;
-    SurfaceWidget* PV = nullptr;
-    std::array<Label*, 4> TxtDir{};
-    Label* Label4 = nullptr;
-    Label* Label5 = nullptr;
-    Label* Label7 = nullptr;
-    Label* Label11 = nullptr;
-    Label* Label12 = nullptr;
-    std::array<Label*, 48> FKNT{};
+    // ---- The line controls of the chart and its image list, in twips.
     LineControl MaxFKNT;
     LineControl Line1015;
-    std::array<Label*, 24> Label8{};
-    std::array<Label*, 11> Label9{};
-    std::array<Label*, 3> Label10{};
     std::map<int, LineControl> Line1;  // indices 0 to 8, 11, 16
     std::array<LineControl, 48> Vline{};
-    std::array<Image*, 24> ICO{};
     ImageList ImageList2;
-    PictureBox* Picture1 = nullptr;
-    QWidget* Shape1 = nullptr;
-    QWidget* Shape2 = nullptr;
-    HiddenTextBox* wwwsource = nullptr;  // the text of a fetched page, never shown
-    Inet Inet1;
 
     // The poll cycle, which owns the timers T and TimerWinsock and the socket W (children of the
     // form under those names) and the counters kept between their events.
@@ -179,9 +151,42 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    // ---- Controls, under their design names.
+    QGroupBox* Frame4 = nullptr;  // "Aiarport"
+    ListBox* List1 = nullptr;
+    ComboBox* ChoixDate = nullptr;
+    QGroupBox* Frame1 = nullptr;  // "Wind & &Temp."
+    Label* TXTtitre = nullptr;
+    QGroupBox* LeBulletin = nullptr;  // "Prévisions :"
+    Label* TXTbulletin = nullptr;
+    Label* Label1 = nullptr;
+    Label* Label2 = nullptr;
+    Label* Label3 = nullptr;
+    Label* Label6 = nullptr;
+    Label* TXTforce = nullptr;
+    SurfaceWidget* PV = nullptr;
+    std::array<Label*, 4> TxtDir{};
+    Label* Label4 = nullptr;
+    Label* Label5 = nullptr;
+    Label* Label7 = nullptr;
+    Label* Label11 = nullptr;
+    Label* Label12 = nullptr;
+    std::array<Label*, 48> FKNT{};
+    std::array<Label*, 24> Label8{};
+    std::array<Label*, 11> Label9{};
+    std::array<Label*, 3> Label10{};
+    std::array<Image*, 24> ICO{};
+    PictureBox* Picture1 = nullptr;
+    QWidget* Shape1 = nullptr;
+    QWidget* Shape2 = nullptr;
+    HiddenTextBox* wwwsource = nullptr;  // the text of a fetched page, never shown
+    Inet Inet1;
+
     RunTimeGuard& guard() const;
     void BuildControls();
     void WireEvents();
+    // The builder of the controls (Form1Controls.cpp) places them.
+    friend struct Form1Builder;
     Label* ChampDuReleve(ChampReleve champ) const;
     Forms& forms_;
     std::unique_ptr<PollCycle> cycle_;

@@ -21,7 +21,7 @@ TEST_F(Exchange, TheServerReceivesExactlyTheRequestOfTheSelectedStation) {
               QByteArray("GET http://127.0.0.1/pub/data/observations/metar/stations/LFPB.TXT HTTP/1.0\r\n"
                          "Accept: */*\r\nAccept: text/html\r\n\r\n"));
     EXPECT_TRUE(TimerWinsock(f).Enabled());
-    EXPECT_FALSE(f.List1->isEnabled());
+    EXPECT_FALSE(Named<ListBox>(f, QStringLiteral("List1"))->isEnabled());
 
     // Nothing follows the empty line: close from this side and look at all that came.
     TimerWinsock(f).Fire();
@@ -36,7 +36,7 @@ TEST_F(Exchange, EveryRequestDiffersFromTheLastOnlyInTheStationCode) {
     Form1& f = Form();
     f.Cycle().Connect();
     ASSERT_TRUE(server.WaitForRequests(1));
-    f.List1->SetListIndex(LigneHeathrow);
+    Named<ListBox>(f, QStringLiteral("List1"))->SetListIndex(LigneHeathrow);
     f.Cycle().Connect();
     ASSERT_TRUE(server.WaitForRequests(2));
     EXPECT_EQ(server.Requests()[1], ExpectedRequest("EGLL"));
@@ -46,12 +46,12 @@ TEST_F(Exchange, EveryRequestDiffersFromTheLastOnlyInTheStationCode) {
 
 TEST_F(Exchange, NothingIsSentWithNoEntrySelected) {
     Form1& f = Form();
-    f.List1->SetListIndex(-1);
+    Named<ListBox>(f, QStringLiteral("List1"))->SetListIndex(-1);
     QSignalSpy connecte(&W(f), &Winsock::connected);
     f.Cycle().Connect();
     ASSERT_TRUE(connecte.wait(5000));
     EXPECT_FALSE(TimerWinsock(f).Enabled());
-    EXPECT_TRUE(f.List1->isEnabled());
+    EXPECT_TRUE(Named<ListBox>(f, QStringLiteral("List1"))->isEnabled());
     ASSERT_TRUE(server.WaitForConnections(1));
     // What the connection's handler wrote would have reached the server before a round trip
     // that starts now comes back.
@@ -68,7 +68,8 @@ TEST_F(Exchange, NothingIsSentWithNoEntrySelected) {
 TEST_F(Exchange, TheStationIsTheOneSelectedWhenTheConnectionIsMade) {
     Form1& f = Form();
     f.Cycle().Connect();
-    f.List1->SetListIndex(LigneRoissy);  // a click between the poll and the connection
+    Named<ListBox>(f, QStringLiteral("List1"))
+        ->SetListIndex(LigneRoissy);  // a click between the poll and the connection
     ASSERT_TRUE(server.WaitForRequests(1));
     EXPECT_EQ(server.Requests()[0], ExpectedRequest("LFPG"));
 }
@@ -76,7 +77,7 @@ TEST_F(Exchange, TheStationIsTheOneSelectedWhenTheConnectionIsMade) {
 TEST_F(Exchange, TheCodeGoesOutAsTheDatabaseHoldsIt) {
     ASSERT_TRUE(db.Exec(QStringLiteral("UPDATE \"Aéroports\" SET IDA = 'lfPb ' WHERE idx = 1")));
     Form1& f = Form();
-    ASSERT_EQ(f.List1->ListIndex(), LigneBourget);
+    ASSERT_EQ(Named<ListBox>(f, QStringLiteral("List1"))->ListIndex(), LigneBourget);
     f.Cycle().Connect();
     ASSERT_TRUE(server.WaitForRequests(1));
     EXPECT_EQ(server.Requests()[0], ExpectedRequest("lfPb "));
@@ -84,12 +85,18 @@ TEST_F(Exchange, TheCodeGoesOutAsTheDatabaseHoldsIt) {
 
 TEST_F(Exchange, ConnectEmptiesTheLastObservationAndDrawsOnePortFrom91To100) {
     Form1& f = Form();
-    for (Label* label : {f.Label1, f.Label2, f.Label3, f.Label6, f.TXTforce}) label->SetCaption(QStringLiteral("x"));
+    for (Label* label : {Named<Label>(f, QStringLiteral("Label1")), Named<Label>(f, QStringLiteral("Label2")),
+                         Named<Label>(f, QStringLiteral("Label3")), Named<Label>(f, QStringLiteral("Label6")),
+                         Named<Label>(f, QStringLiteral("TXTforce"))})
+        label->SetCaption(QStringLiteral("x"));
     f.Cycle().ReponseBrute = QStringLiteral("an older reply");
     random.draws = {0.0};
     f.Cycle().Connect();
     EXPECT_EQ(f.Caption(), QStringLiteral("Connection in progress..."));
-    for (Label* label : {f.Label1, f.Label2, f.Label3, f.Label6, f.TXTforce}) EXPECT_TRUE(label->Caption().isEmpty());
+    for (Label* label : {Named<Label>(f, QStringLiteral("Label1")), Named<Label>(f, QStringLiteral("Label2")),
+                         Named<Label>(f, QStringLiteral("Label3")), Named<Label>(f, QStringLiteral("Label6")),
+                         Named<Label>(f, QStringLiteral("TXTforce"))})
+        EXPECT_TRUE(label->Caption().isEmpty());
     EXPECT_TRUE(f.Cycle().ReponseBrute.isEmpty());
     EXPECT_EQ(W(f).LocalPort(), 91);
     EXPECT_EQ(W(f).RemoteHost(), QStringLiteral("127.0.0.1"));
@@ -116,7 +123,7 @@ TEST_F(Exchange, ARefusedConnectionLeavesTheTimeOutAloneAndTheNextPollStillStart
         ASSERT_TRUE(erreur.wait(5000));
         EXPECT_EQ(TimerWinsock(f).Enabled(), enabled);
         EXPECT_EQ(W(f).State(), sckClosed);
-        EXPECT_TRUE(f.List1->isEnabled());
+        EXPECT_TRUE(Named<ListBox>(f, QStringLiteral("List1"))->isEnabled());
     }
     EXPECT_EQ(LogCount(QStringLiteral("Weather")), 0);
     EXPECT_TRUE(boxes.shown.empty());
@@ -131,18 +138,18 @@ TEST_F(Exchange, AnUnansweredRequestIsClosedByTheTimeOutAndTheListStaysDisabled)
     Form1& f = Form();
     f.Cycle().Connect();
     ASSERT_TRUE(server.WaitForRequests(1));
-    ASSERT_FALSE(f.List1->isEnabled());
+    ASSERT_FALSE(Named<ListBox>(f, QStringLiteral("List1"))->isEnabled());
     TimerWinsock(f).Fire();
     EXPECT_FALSE(TimerWinsock(f).Enabled());
     EXPECT_TRUE(server.WaitForDisconnections(1));
-    EXPECT_FALSE(f.List1->isEnabled());
+    EXPECT_FALSE(Named<ListBox>(f, QStringLiteral("List1"))->isEnabled());
     EXPECT_EQ(LogCount(QStringLiteral("Weather")), 0);
 
     // The round goes on through the disabled list.
     Tick(f, 11);
     ASSERT_TRUE(server.WaitForRequests(2));
-    EXPECT_EQ(f.List1->ListIndex(), LigneBourget);
-    EXPECT_FALSE(f.List1->isEnabled());
+    EXPECT_EQ(Named<ListBox>(f, QStringLiteral("List1"))->ListIndex(), LigneBourget);
+    EXPECT_FALSE(Named<ListBox>(f, QStringLiteral("List1"))->isEnabled());
 }
 
 TEST_F(Exchange, TheTimeOutOfAnOlderRequestClosesTheNewerPoll) {
@@ -174,8 +181,9 @@ TEST_F(Exchange, TwentyPollsInARowEachReachTheServer) {
 
 TEST_F(Exchange, AnEntryBeyondTheStationCodesIsAFaultThatIsntCaught) {
     Form1& f = Form();
-    while (f.List1->ListCount() < 102) f.List1->AddItem(QStringLiteral("more"));
-    f.List1->SetListIndex(101);
+    while (Named<ListBox>(f, QStringLiteral("List1"))->ListCount() < 102)
+        Named<ListBox>(f, QStringLiteral("List1"))->AddItem(QStringLiteral("more"));
+    Named<ListBox>(f, QStringLiteral("List1"))->SetListIndex(101);
     try {
         f.Cycle().W_Connect();
         ADD_FAILURE() << "line 101 lies outside TableIDA";
@@ -183,7 +191,7 @@ TEST_F(Exchange, AnEntryBeyondTheStationCodesIsAFaultThatIsntCaught) {
         EXPECT_EQ(e.Number(), SubscriptOutOfRange);
     }
     EXPECT_TRUE(TimerWinsock(f).Enabled());
-    EXPECT_FALSE(f.List1->isEnabled());
+    EXPECT_FALSE(Named<ListBox>(f, QStringLiteral("List1"))->isEnabled());
 }
 
 TEST_F(Exchange, TheErrorEventClosesTheSocketAndLetsEventsRun) {
@@ -236,7 +244,7 @@ TEST_F(Exchange, AReplyThatComesAfterTheFirstRequestsTimeOutIsLostInTheNextPoll)
     ASSERT_TRUE(RoundTrip());
     EXPECT_EQ(LogCount(QStringLiteral("Weather Received from ")), 0);
     EXPECT_EQ(db.Count(QStringLiteral("Zefir")), 0);
-    EXPECT_FALSE(f.List1->isEnabled());
+    EXPECT_FALSE(Named<ListBox>(f, QStringLiteral("List1"))->isEnabled());
 }
 
 }  // namespace

@@ -29,8 +29,9 @@ protected:
 
 TEST_F(FailuresWhereEventsEnter, ASocketEventThatFailsEndsInTheBox) {
     Form1& f = Form();
-    while (f.List1->ListCount() < 102) f.List1->AddItem(QStringLiteral("more"));
-    f.List1->SetListIndex(101);
+    while (Named<ListBox>(f, QStringLiteral("List1"))->ListCount() < 102)
+        Named<ListBox>(f, QStringLiteral("List1"))->AddItem(QStringLiteral("more"));
+    Named<ListBox>(f, QStringLiteral("List1"))->SetListIndex(101);
     // The connection is made by the socket, whose Connect event looks up line 101 of the station
     // codes, one beyond the table.
     f.Cycle().Connect();

@@ -48,19 +48,19 @@ protected:
 TEST_F(Ingestion, TheFirstRowOfANewDayDoesntEnterTheListOfDates) {
     db.AddObservation({.numAeroport = 1, .day = QDate(2004, 11, 1), .time = QTime(10, 0)});
     Form1& f = Form();
-    ASSERT_EQ(f.ChoixDate->ListCount(), 1);
+    ASSERT_EQ(Named<ComboBox>(f, QStringLiteral("ChoixDate"))->ListCount(), 1);
     Receive(f, StationReply(Bourget));  // the 2nd of November, a day the list doesn't have
     ASSERT_EQ(db.Count(QStringLiteral("Zefir")), 2);
     // The day enters at the next hourly refresh, not with its first row.
-    EXPECT_EQ(f.ChoixDate->ListCount(), 1);
-    EXPECT_EQ(f.ChoixDate->Text(), QStringLiteral("01/11/2004"));
+    EXPECT_EQ(Named<ComboBox>(f, QStringLiteral("ChoixDate"))->ListCount(), 1);
+    EXPECT_EQ(Named<ComboBox>(f, QStringLiteral("ChoixDate"))->Text(), QStringLiteral("01/11/2004"));
 }
 
 TEST_F(Ingestion, AStationFileBecomesOneRowWithTheLabelsTheLogTheChartAndTheTrayCaption) {
     AnswerBourget(StationReply(Bourget));
     Form1& f = Form();
     f.drawingSurface = &recording;
-    const QString entree = f.List1->List(LigneBourget);
+    const QString entree = Named<ListBox>(f, QStringLiteral("List1"))->List(LigneBourget);
     ASSERT_TRUE(PollAndWait(f));
 
     // The row, column by column.
@@ -83,23 +83,23 @@ TEST_F(Ingestion, AStationFileBecomesOneRowWithTheLabelsTheLogTheChartAndTheTray
     EXPECT_FALSE(Column("lieu").isValid());
 
     // The labels and the window.
-    EXPECT_EQ(f.Label1->Caption(), QStringLiteral("02/11/2004 - 10:00"));
-    EXPECT_EQ(f.Label2->Caption(), QStringLiteral("Speed : 13 Kt (20.8 km/h)."));
-    EXPECT_EQ(f.Label3->Caption(), QStringLiteral("Direction : 240°"));
-    EXPECT_EQ(f.Label6->Caption(), QStringLiteral("West South West"));
-    EXPECT_EQ(f.TXTforce->Caption(), QStringLiteral("Force 4"));
+    EXPECT_EQ(Named<Label>(f, QStringLiteral("Label1"))->Caption(), QStringLiteral("02/11/2004 - 10:00"));
+    EXPECT_EQ(Named<Label>(f, QStringLiteral("Label2"))->Caption(), QStringLiteral("Speed : 13 Kt (20.8 km/h)."));
+    EXPECT_EQ(Named<Label>(f, QStringLiteral("Label3"))->Caption(), QStringLiteral("Direction : 240°"));
+    EXPECT_EQ(Named<Label>(f, QStringLiteral("Label6"))->Caption(), QStringLiteral("West South West"));
+    EXPECT_EQ(Named<Label>(f, QStringLiteral("TXTforce"))->Caption(), QStringLiteral("Force 4"));
     EXPECT_EQ(f.Caption(), QStringLiteral("Wind : ") + entree);
-    EXPECT_EQ(f.Frame1->title(), entree);
-    EXPECT_TRUE(f.List1->isEnabled());
+    EXPECT_EQ(Named<QGroupBox>(f, QStringLiteral("Frame1"))->title(), entree);
+    EXPECT_TRUE(Named<ListBox>(f, QStringLiteral("List1"))->isEnabled());
     EXPECT_FLOAT_EQ(f.Cycle().AngleZefir, float((240.0 + 90) * 2 * 3.141592 / 360));
-    EXPECT_EQ(f.PV->Tag, QStringLiteral("240"));
+    EXPECT_EQ(Named<SurfaceWidget>(f, QStringLiteral("PV"))->Tag, QStringLiteral("240"));
     EXPECT_EQ(f.Cycle().ReponseBrute, QString::fromLatin1(StationReply(Bourget)));
 
     // The log, the chart and the tray's caption.
     EXPECT_EQ(LogCount(QStringLiteral("Weather Received from ") + entree), 1);
     EXPECT_EQ(LogCount(QStringLiteral("New Metaf Recorded ") + entree), 1);
     EXPECT_TRUE(Redrawn());
-    EXPECT_EQ(f.FKNT[20]->Tag, QString::fromLatin1(Bourget));
+    EXPECT_EQ(Named<Label>(f, Indexed("FKNT", 20))->Tag, QString::fromLatin1(Bourget));
     EXPECT_EQ(TrayCaption(), TrayTitle(QStringLiteral("West South West Force 4")));
 
     // The exchange is over, from this side.
@@ -124,11 +124,11 @@ TEST_F(Ingestion, TheSameStationFileAgainIsADuplicateThatStillRefreshesTheLabels
     EXPECT_EQ(db.Count(QStringLiteral("Zefir")), 1);
     EXPECT_EQ(LogCount(QStringLiteral("ERROR UPDATE : Possibility of duplicate LFPB")), 1);
     EXPECT_EQ(LogCount(QStringLiteral("New Metaf Recorded ")), 1);
-    EXPECT_EQ(f.Label2->Caption(), QStringLiteral("Speed : 13 Kt (20.8 km/h)."));
-    EXPECT_EQ(f.TXTforce->Caption(), QStringLiteral("Force 4"));
+    EXPECT_EQ(Named<Label>(f, QStringLiteral("Label2"))->Caption(), QStringLiteral("Speed : 13 Kt (20.8 km/h)."));
+    EXPECT_EQ(Named<Label>(f, QStringLiteral("TXTforce"))->Caption(), QStringLiteral("Force 4"));
     // The chart as it was: not redrawn.
     EXPECT_FALSE(Redrawn());
-    EXPECT_EQ(f.FKNT[20]->Tag, QString::fromLatin1(Bourget));
+    EXPECT_EQ(Named<Label>(f, Indexed("FKNT", 20))->Tag, QString::fromLatin1(Bourget));
     EXPECT_EQ(TrayCaption(), TrayTitle(QStringLiteral("West South West Force 4")));
     EXPECT_EQ(W(f).State(), sckClosed);
     EXPECT_FALSE(TimerWinsock(f).Enabled());
@@ -169,9 +169,9 @@ TEST_F(Ingestion, AHeadSplitOverTwoPacketsIsReadFromTheSecond) {
     // Only the log line: the exchange waits for more.
     EXPECT_EQ(db.Count(QStringLiteral("Zefir")), 0);
     EXPECT_TRUE(TimerWinsock(f).Enabled());
-    EXPECT_FALSE(f.List1->isEnabled());
+    EXPECT_FALSE(Named<ListBox>(f, QStringLiteral("List1"))->isEnabled());
     EXPECT_EQ(W(f).State(), sckConnected);
-    EXPECT_TRUE(f.Label2->Caption().isEmpty());
+    EXPECT_TRUE(Named<Label>(f, QStringLiteral("Label2"))->Caption().isEmpty());
 
     server.Send(reponse.mid(coupe));
     ASSERT_TRUE(QTest::qWaitFor([&] { return W(f).State() == sckClosed; }, 5000));
@@ -180,7 +180,7 @@ TEST_F(Ingestion, AHeadSplitOverTwoPacketsIsReadFromTheSecond) {
     ASSERT_EQ(db.Count(QStringLiteral("Zefir")), 1);
     EXPECT_EQ(Column("METAF").toString(), QString::fromLatin1(Bourget));
     EXPECT_FALSE(TimerWinsock(f).Enabled());
-    EXPECT_TRUE(f.List1->isEnabled());
+    EXPECT_TRUE(Named<ListBox>(f, QStringLiteral("List1"))->isEnabled());
 }
 
 TEST_F(Ingestion, ABodySplitOverTwoPacketsKeepsOnlyTheFirst) {
@@ -208,13 +208,13 @@ TEST_F(Ingestion, APacketWithoutAnEndOfHeadIsOnlyLogged) {
     Form1& f = Form();
     f.drawingSurface = &recording;
     TimerWinsock(f).SetEnabled(true);
-    f.List1->setEnabled(false);
+    Named<ListBox>(f, QStringLiteral("List1"))->setEnabled(false);
     Receive(f, "HTTP/1.1 200 OK\r\nContent-Type: text/plain\r\n");
     EXPECT_EQ(LogCount(QStringLiteral("Weather Received from ")), 1);
     EXPECT_EQ(db.Count(QStringLiteral("Zefir")), 0);
     EXPECT_TRUE(TimerWinsock(f).Enabled());
-    EXPECT_FALSE(f.List1->isEnabled());
-    EXPECT_TRUE(f.Label1->Caption().isEmpty());
+    EXPECT_FALSE(Named<ListBox>(f, QStringLiteral("List1"))->isEnabled());
+    EXPECT_TRUE(Named<Label>(f, QStringLiteral("Label1"))->Caption().isEmpty());
     EXPECT_FALSE(Redrawn());
     EXPECT_EQ(TrayCaption(), QString());
 }
@@ -239,9 +239,9 @@ TEST_F(Ingestion, AVariableWindStoresDirection0WithoutLogLineOrRedraw) {
     EXPECT_EQ(Column("orientationdegré").toString(), QStringLiteral("0"));
     EXPECT_NE(Column("zefirvariable").toInt(), 0);
     EXPECT_EQ(f.Cycle().AngleZefir, 1.5f);
-    EXPECT_EQ(f.Label3->Caption(), QStringLiteral("Direction : 0°"));
-    EXPECT_EQ(f.Label6->Caption(), QStringLiteral("North"));
-    EXPECT_EQ(f.Label2->Caption(), QStringLiteral("Speed : -3 Kt (-4.8 km/h)."));
+    EXPECT_EQ(Named<Label>(f, QStringLiteral("Label3"))->Caption(), QStringLiteral("Direction : 0°"));
+    EXPECT_EQ(Named<Label>(f, QStringLiteral("Label6"))->Caption(), QStringLiteral("North"));
+    EXPECT_EQ(Named<Label>(f, QStringLiteral("Label2"))->Caption(), QStringLiteral("Speed : -3 Kt (-4.8 km/h)."));
     EXPECT_EQ(LogCount(QStringLiteral("Weather Received from ")), 1);
     EXPECT_EQ(LogCount(QStringLiteral("New Metaf Recorded ")), 0);
     EXPECT_EQ(LogCount(QStringLiteral("ERROR UPDATE")), 0);
@@ -257,8 +257,8 @@ TEST_F(Ingestion, ADirectionThatIsNoNumberLeavesTheCompassNameEmpty) {
     // become the direction.
     Receive(f, StationReply("LFPB 021000Z BCFG 9999 12/08 Q1015\n"));
     ASSERT_EQ(f.Cycle().BulletinCourant.OrientationDegre, QStringLiteral("BCF"));
-    EXPECT_TRUE(f.Label6->Caption().isEmpty());
-    EXPECT_EQ(f.Label3->Caption(), QStringLiteral("Direction : BCF°"));
+    EXPECT_TRUE(Named<Label>(f, QStringLiteral("Label6"))->Caption().isEmpty());
+    EXPECT_EQ(Named<Label>(f, QStringLiteral("Label3"))->Caption(), QStringLiteral("Direction : BCF°"));
     ASSERT_EQ(db.Count(QStringLiteral("Zefir")), 1);
     EXPECT_EQ(Column("orientationdegré").toString(), QStringLiteral("BCF"));
     EXPECT_EQ(LogCount(QStringLiteral("New Metaf Recorded ")), 0);
@@ -267,17 +267,17 @@ TEST_F(Ingestion, ADirectionThatIsNoNumberLeavesTheCompassNameEmpty) {
 TEST_F(Ingestion, TheSpeedInKmhIsTimes16InTheSystemsNumberFormat) {
     Form1& f = Form();
     Receive(f, StationReply(Bourget));
-    EXPECT_EQ(f.Label2->Caption(), QStringLiteral("Speed : 13 Kt (20.8 km/h)."));
+    EXPECT_EQ(Named<Label>(f, QStringLiteral("Label2"))->Caption(), QStringLiteral("Speed : 13 Kt (20.8 km/h)."));
     Receive(f, StationReply("LFPB 021030Z 00000KT 9999 FEW016 12/08 Q1015\n"));
-    EXPECT_EQ(f.Label2->Caption(), QStringLiteral("Speed : 0 Kt (0 km/h)."));
+    EXPECT_EQ(Named<Label>(f, QStringLiteral("Label2"))->Caption(), QStringLiteral("Speed : 0 Kt (0 km/h)."));
 }
 
 TEST_F(Ingestion, AGustAddsItsForceBehindTheSpeeds) {
     Form1& f = Form();
     Receive(f, StationReply(Bourget));
-    EXPECT_EQ(f.TXTforce->Caption(), QStringLiteral("Force 4"));
+    EXPECT_EQ(Named<Label>(f, QStringLiteral("TXTforce"))->Caption(), QStringLiteral("Force 4"));
     Receive(f, StationReply("LFPB 021030Z 24013G25KT 9999 FEW016 12/08 Q1015\n"));
-    EXPECT_EQ(f.TXTforce->Caption(), QStringLiteral("Force 4 / Force 6"));
+    EXPECT_EQ(Named<Label>(f, QStringLiteral("TXTforce"))->Caption(), QStringLiteral("Force 4 / Force 6"));
     EXPECT_EQ(db.Value(QStringLiteral("SELECT forcerafale FROM Zefir WHERE heurerelevé = '10:30:00'")).toInt(), 25);
 }
 
@@ -306,7 +306,7 @@ TEST_F(Ingestion, AMissingDatabaseStoresNothingButStillEndsTheExchange) {
     EXPECT_EQ(LogCount(QStringLiteral("New Metaf Recorded ")), 0);
     EXPECT_EQ(LogCount(QStringLiteral("ERROR UPDATE")), 0);
     EXPECT_FALSE(Redrawn());
-    EXPECT_EQ(f.Label2->Caption(), QStringLiteral("Speed : 13 Kt (20.8 km/h)."));
+    EXPECT_EQ(Named<Label>(f, QStringLiteral("Label2"))->Caption(), QStringLiteral("Speed : 13 Kt (20.8 km/h)."));
     EXPECT_EQ(TrayCaption(), TrayTitle(QStringLiteral("West South West Force 4")));
     EXPECT_FALSE(TimerWinsock(f).Enabled());
     EXPECT_TRUE(f.BaseReleves.IsNothing());
@@ -320,7 +320,7 @@ TEST_F(Ingestion, TheWindDialIsDrawnOnPv) {
     // twips, 29 pixels; the pale face covers 0.87 of it, 378 twips, 25 pixels, and the sand
     // rim the rest. The arrow of 240 degrees runs from the centre towards the upper right and
     // the lower left, the white gleam stands left of the centre.
-    const QImage dial = f.PV->Snapshot();
+    const QImage dial = Named<SurfaceWidget>(f, QStringLiteral("PV"))->Snapshot();
     ASSERT_EQ(dial.size(), QSize(60, 60));
     const QColor noir(0, 0, 0), face(192, 255, 255), bord(250, 218, 106);
     EXPECT_EQ(dial.pixelColor(45, 32), face);  // 15 pixels right of the centre

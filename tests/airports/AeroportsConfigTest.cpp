@@ -265,7 +265,7 @@ TEST_F(Selection, ValidateRefillsTheMainWindowsListAndStartsThePollTimer) {
     ASSERT_FALSE(T(Form()).Enabled());
     ClickLine(Named<ListBox>(form, QStringLiteral("List1")), LineHeathrow);
     QTest::mouseClick(Named<QPushButton>(form, QStringLiteral("Command1")), Qt::LeftButton);
-    ListBox* list = Form().List1;
+    ListBox* list = Named<ListBox>(Form(), QStringLiteral("List1"));
     ASSERT_EQ(list->ListCount(), 2);
     EXPECT_EQ(list->List(0), QStringLiteral("   Paris - Le Bourget"));
     EXPECT_EQ(list->List(1), QStringLiteral("   Roissy - Charles de Gaulle"));
@@ -284,7 +284,7 @@ TEST_F(Selection, CancelStoresNothingAndStartsThePollTimer) {
     EXPECT_FALSE(forms.Loaded<AeroportsConfig>());
     EXPECT_TRUE(T(Form()).Enabled());
     EXPECT_TRUE(Deleted(gone));
-    EXPECT_EQ(Form().List1->ListCount(), 3);
+    EXPECT_EQ(Named<ListBox>(Form(), QStringLiteral("List1"))->ListCount(), 3);
 }
 
 TEST_F(Selection, TheCloseBoxUnloadsTheFormAndStartsThePollTimer) {
@@ -338,7 +338,7 @@ TEST_F(Selection, MoreThan101ActiveAirportsFailAtTheMainWindowsRefillAndEndThePr
     EXPECT_EQ(boxes.shown.back(), QStringLiteral("Run-time error '9': Subscript out of range"));
     // The table was written before the refill failed; the 102nd line stands in the list.
     EXPECT_EQ(db.Value(QStringLiteral("SELECT count(*) FROM \"Aéroports\" WHERE \"activé\"")).toInt(), 102);
-    EXPECT_EQ(Form().List1->ListCount(), 102);
+    EXPECT_EQ(Named<ListBox>(Form(), QStringLiteral("List1"))->ListCount(), 102);
 }
 
 TEST_F(Selection, Exactly101ActiveAirportsFillTheMainWindowsList) {
@@ -346,7 +346,7 @@ TEST_F(Selection, Exactly101ActiveAirportsFillTheMainWindowsList) {
     AeroportsConfig& form = OpenSelection();
     QTest::mouseClick(Named<QPushButton>(form, QStringLiteral("Command1")), Qt::LeftButton);
     EXPECT_TRUE(runTimeEnds.empty());
-    EXPECT_EQ(Form().List1->ListCount(), 101);
+    EXPECT_EQ(Named<ListBox>(Form(), QStringLiteral("List1"))->ListCount(), 101);
     EXPECT_EQ(forms.module1().TableIDA[100].ToText(), QStringLiteral("LFPG"));  // Roissy comes last
     EXPECT_TRUE(T(Form()).Enabled());
 }

@@ -51,7 +51,7 @@ TEST_F(AirportsEndToEnd, ANewChoiceChangesTheListTableIDAAndThePreferredAirportA
     ClickLine(Named<ListBox>(form, QStringLiteral("List1")), 0);  // London no longer active
     QTest::mouseClick(Named<QPushButton>(form, QStringLiteral("Command1")), Qt::LeftButton);
 
-    ListBox* list = Form().List1;
+    ListBox* list = Named<ListBox>(Form(), QStringLiteral("List1"));
     ASSERT_EQ(list->ListCount(), 2);
     EXPECT_EQ(list->List(0), QStringLiteral("   Paris - Le Bourget"));
     EXPECT_EQ(list->List(1), QStringLiteral("   Roissy - Charles de Gaulle"));
@@ -81,7 +81,7 @@ TEST_F(AirportsEndToEnd, AddingLfthStoresItActiveListsItAndPollsIt) {
     QTest::mouseClick(Named<QPushButton>(form, QStringLiteral("confirmerbtn")), Qt::LeftButton);
 
     EXPECT_EQ(db.Value(QStringLiteral("SELECT \"activé\" FROM \"Aéroports\" WHERE IDA = 'LFTH'")).toInt(), 1);
-    ListBox* list = Form().List1;
+    ListBox* list = Named<ListBox>(Form(), QStringLiteral("List1"));
     ASSERT_EQ(list->ListCount(), 4);
     EXPECT_EQ(list->List(3), QStringLiteral("   Toulouse - Francazal"));
     EXPECT_EQ(forms.module1().TableIDA[3].ToText(), QStringLiteral("LFTH"));

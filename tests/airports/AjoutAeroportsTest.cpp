@@ -140,7 +140,7 @@ TEST_F(AddAirport, TheNewRowHasCodeforecastNullAndItsLineHasNoStar) {
     EXPECT_EQ(
         db.Value(QStringLiteral("SELECT count(*) FROM \"Aéroports\" WHERE codeforecast IS NULL AND idx = 4")).toInt(),
         1);
-    ListBox* list = Form().List1;
+    ListBox* list = Named<ListBox>(Form(), QStringLiteral("List1"));
     ASSERT_EQ(list->ListCount(), 4);
     EXPECT_EQ(list->List(3), QStringLiteral("   Toulouse - Francazal"));
     EXPECT_EQ(list->ItemData(3), 4);
@@ -200,7 +200,7 @@ TEST_F(AddAirport, AllFieldsEmptyGiveThreeMessagesInARowStoreNothingAndCloseTheF
     EXPECT_FALSE(forms.Loaded<ajoutareoports>());
     EXPECT_TRUE(Deleted(gone));
     // The main window's list was refilled all the same.
-    EXPECT_EQ(Form().List1->ListCount(), 3);
+    EXPECT_EQ(Named<ListBox>(Form(), QStringLiteral("List1"))->ListCount(), 3);
 }
 
 TEST_F(AddAirport, TwoConfirmationsNeverHappenOnOneLoad) {

@@ -143,7 +143,7 @@ TEST_F(Forecast, RightClickOnAnAirportFillsTheForecastWindow) {
     EXPECT_EQ(Named<Label>(prevision, QStringLiteral("titre6"))->Caption(), QStringLiteral("Thursday night"));
     EXPECT_EQ(Named<Label>(prevision, QStringLiteral("Label6"))->Caption(), QStringLiteral(" Rain. Low 41F(5)c."));
     // The page stays in the hidden field until the next fetch.
-    EXPECT_EQ(f.wwwsource->Text(), PageDe(SixBlocs()));
+    EXPECT_EQ(Named<HiddenTextBox>(f, QStringLiteral("wwwsource"))->Text(), PageDe(SixBlocs()));
     // T was off while the page was fetched, and runs again.
     EXPECT_EQ(tPendantLaRequete.load(), 0);
     EXPECT_TRUE(T(f).Enabled());
@@ -155,14 +155,14 @@ TEST_F(Forecast, RightClickOnAnAirportFillsTheForecastWindow) {
 TEST_F(Forecast, RightClickOnAnotherAirportLeavesTheSelectionAndFetchesTheSelectedOnesForecast) {
     portal.Serve("/forecast/FRXX0076.html", PageDe({{QStringLiteral("Monday:"), QStringLiteral(" Drizzle.")}}));
     Form1& f = Form();
-    ASSERT_EQ(f.List1->ListIndex(), LigneBourget);
+    ASSERT_EQ(Named<ListBox>(f, QStringLiteral("List1"))->ListIndex(), LigneBourget);
     f.drawingSurface = &recording;
     recording.Clear();
     Presser(LigneHeathrow, Qt::RightButton);
     // The right button selects nothing: the forecast is that of the line selected before, and
     // the chart isn't drawn again.
-    EXPECT_EQ(f.List1->ListIndex(), LigneBourget);
-    EXPECT_FALSE(f.List1->Selected(LigneHeathrow));
+    EXPECT_EQ(Named<ListBox>(f, QStringLiteral("List1"))->ListIndex(), LigneBourget);
+    EXPECT_FALSE(Named<ListBox>(f, QStringLiteral("List1"))->Selected(LigneHeathrow));
     EXPECT_TRUE(recording.Calls().empty());
     EXPECT_EQ(portal.Paths(), QStringList{QStringLiteral("/forecast/FRXX0076.html")});
     EXPECT_EQ(Named<Label>(Prevision(), QStringLiteral("Nomvilleaeroport"))->Caption(),
@@ -173,7 +173,7 @@ TEST_F(Forecast, RightClickOnAnotherAirportLeavesTheSelectionAndFetchesTheSelect
 TEST_F(Forecast, RightClickWithoutCodeShowsTheBoxAndTRunsAgain) {
     Form1& f = Form();
     T(f).SetEnabled(true);
-    f.List1->SetListIndex(LigneRoissy);
+    Named<ListBox>(f, QStringLiteral("List1"))->SetListIndex(LigneRoissy);
     f.List1_MouseDown(vbRightButton, 0, 0, 0);
     EXPECT_EQ(boxes.shown, std::vector<QString>{QStringLiteral("No forecast code for city")});
     EXPECT_EQ(portal.Count(), 0);
@@ -189,7 +189,7 @@ TEST_F(Forecast, RightClickWithoutCodeShowsTheBoxAndTRunsAgain) {
 TEST_F(Forecast, AnEmptyCodeGoesToThePortalAsItIs) {
     ASSERT_TRUE(db.Exec(QStringLiteral("UPDATE \"Aéroports\" SET codeforecast = '' WHERE IDA = 'LFPG'")));
     Form1& f = Form();
-    f.List1->SetListIndex(LigneRoissy);
+    Named<ListBox>(f, QStringLiteral("List1"))->SetListIndex(LigneRoissy);
     f.List1_MouseDown(vbRightButton, 0, 0, 0);
     EXPECT_EQ(portal.Paths(), QStringList{QStringLiteral("/forecast/.html")});
     // The portal's "Not Found" page has no forecast text.
@@ -200,7 +200,7 @@ TEST_F(Forecast, APageWithoutForecastTextShowsTheBoxAndLogsTheCode) {
     portal.Serve("/forecast/FRXX0076.html", QStringLiteral("<html>Forecast</html>"));
     Form1& f = Form();
     T(f).SetEnabled(true);
-    f.List1->SetListIndex(LigneBourget);
+    Named<ListBox>(f, QStringLiteral("List1"))->SetListIndex(LigneBourget);
     f.List1_MouseDown(vbRightButton, 0, 0, 0);
     EXPECT_EQ(boxes.shown, std::vector<QString>{QStringLiteral("Unable to retrieve forecast!!!")});
     EXPECT_EQ(LogCount(QStringLiteral(" Unable to retrieve forecast!!!FRXX0076\r\n")), 1);
@@ -252,9 +252,9 @@ TEST_F(Forecast, ASecondForecastWithFewerBlocksKeepsTheOldTextWhileTheWindowStay
     portal.Serve("/forecast/FRXX0076.html", PageDe(SixBlocs()));
     portal.Serve("/forecast/UKXX0085.html", PageDe({{QStringLiteral("Monday:"), QStringLiteral(" Drizzle.")}}));
     Form1& f = Form();
-    f.List1->SetListIndex(LigneBourget);
+    Named<ListBox>(f, QStringLiteral("List1"))->SetListIndex(LigneBourget);
     f.List1_MouseDown(vbRightButton, 0, 0, 0);
-    f.List1->SetListIndex(LigneHeathrow);
+    Named<ListBox>(f, QStringLiteral("List1"))->SetListIndex(LigneHeathrow);
     f.List1_MouseDown(vbRightButton, 0, 0, 0);
     ForecastForm& p = Prevision();
     EXPECT_EQ(Named<Label>(p, QStringLiteral("Nomvilleaeroport"))->Caption(), QStringLiteral("London - Heathrow"));
@@ -275,7 +275,7 @@ TEST_F(Forecast, APageThatBreaksTheParserEndsInTheRunTimeBoxWithTOff) {
                                                     {QStringLiteral("Tonight:"), QStringLiteral(" Patchy Fog.")}}));
     Form1& f = Form();
     T(f).SetEnabled(true);
-    f.List1->SetListIndex(LigneBourget);
+    Named<ListBox>(f, QStringLiteral("List1"))->SetListIndex(LigneBourget);
     Presser(LigneBourget, Qt::RightButton);
     EXPECT_EQ(runTimeEnds, std::vector<int>{TypeMismatch});
     EXPECT_EQ(boxes.shown, std::vector<QString>{QStringLiteral("Run-time error '13': Type mismatch")});
@@ -319,5 +319,5 @@ TEST_F(Forecast, APageLongerThanTheFieldsUsualLimitIsKeptWhole) {
     QString Code = QStringLiteral("FRXX0076");
     // The picture table now ends beyond 32767: the whole page reached the parser.
     EXPECT_EQ(ErrorOf([&] { ChargerPrevision(Code, forms); }), Overflow);
-    EXPECT_EQ(Form().wwwsource->Text().size(), page.size());
+    EXPECT_EQ(Named<HiddenTextBox>(Form(), QStringLiteral("wwwsource"))->Text().size(), page.size());
 }

@@ -42,7 +42,7 @@ TEST_F(News, TheFirstPollShowsTheNewsWindowWithThePageAndTheTimeOfLoading) {
     EXPECT_TRUE(promo.isVisible());
     EXPECT_EQ(Named<Label>(promo, QStringLiteral("Label1"))->Caption(), UnMot);
     EXPECT_EQ(Named<Label>(promo, QStringLiteral("Label2"))->Caption(), QStringLiteral("02/11/2004 10:05:00"));
-    EXPECT_EQ(Form().wwwsource->Text(), UnMot);
+    EXPECT_EQ(Named<HiddenTextBox>(Form(), QStringLiteral("wwwsource"))->Text(), UnMot);
     EXPECT_EQ(forms.module1().NouvellesVues, Variant(QStringLiteral("vu")));
     // The poll itself goes on behind the news.
     EXPECT_TRUE(server.WaitForRequests(1));

@@ -82,7 +82,7 @@ TEST_F(Gateway, ThePollStoresTheReportOfTheSourcesStationFile) {
     EXPECT_EQ(db.Value(QStringLiteral("SELECT forcenoeuds FROM Zefir")).toInt(), 13);
     EXPECT_EQ(db.Value(QStringLiteral("SELECT \"NumAéroport\" FROM Zefir")).toInt(), 1);
     EXPECT_EQ(LogCount(QStringLiteral("New Metaf Recorded  * Paris - Le Bourget")), 1);
-    EXPECT_TRUE(Form().List1->isEnabled());
+    EXPECT_TRUE(Named<ListBox>(Form(), QStringLiteral("List1"))->isEnabled());
     EXPECT_TRUE(boxes.shown.empty());
 }
 
@@ -146,7 +146,7 @@ TEST_F(Gateway, TwoHundredPollsStoreNoSampleReport) {
     int polls = 0;
     for (int round = 0; round < 5; ++round)
         for (int line = 0; line < 40; ++line) {
-            f.List1->SetListIndex(line);
+            Named<ListBox>(f, QStringLiteral("List1"))->SetListIndex(line);
             ASSERT_TRUE(Poll()) << "poll " << polls;
             ++polls;
         }
@@ -178,7 +178,7 @@ TEST_F(Gateway, SourceDownWithACopyServesTheLastGoodCopyWhichIsADuplicate) {
     EXPECT_EQ(Rows(), 1);
     EXPECT_EQ(LogCount(QStringLiteral("ERROR UPDATE : Possibility of duplicate LFPB")), 1);
     // The reply came: List1, disabled while the request was out, is back at once.
-    EXPECT_TRUE(Form().List1->isEnabled());
+    EXPECT_TRUE(Named<ListBox>(Form(), QStringLiteral("List1"))->isEnabled());
     EXPECT_TRUE(World().GatewayLog().contains(QStringLiteral("station LFPB: the source answered 502; the last good")));
 }
 
@@ -216,7 +216,7 @@ TEST_F(Gateway, AReplyOfMegabytesAfterAGoodOneServesTheGoodOne) {
 
 TEST_F(Gateway, ARedirectIsNotFollowedAndStoresNothing) {
     Start(GoodSource);
-    Form().List1->SetListIndex(LigneHeathrow);
+    Named<ListBox>(Form(), QStringLiteral("List1"))->SetListIndex(LigneHeathrow);
     World().ServeFile(QStringLiteral("/elsewhere/MOVE.TXT"), HeathrowFile);
     const QByteArray reply =
         GatewayWorld::Exchange("GET http://127.83.75.1/pub/data/observations/metar/stations/MOVE.TXT HTTP/1.0\r\n\r\n");

@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include <vector>
+
 namespace skelda::test {
 
 // The control of Form named Name, or none, with a failed expectation.
@@ -17,6 +19,16 @@ Control* Named(const QObject& form, const QString& name) {
     EXPECT_NE(control, nullptr) << "no control named " << name.toStdString() << " in "
                                 << form.objectName().toStdString();
     return control;
+}
+
+// The elements First to Last of the control array Name ("FKNT(0)", "FKNT(1)", ...), each found
+// by its name.
+template <class Control>
+std::vector<Control*> NamedArray(const QObject& form, const char* name, int first, int last) {
+    std::vector<Control*> controls;
+    for (int i = first; i <= last; ++i)
+        controls.push_back(Named<Control>(form, QStringLiteral("%1(%2)").arg(QLatin1String(name)).arg(i)));
+    return controls;
 }
 
 }  // namespace skelda::test
