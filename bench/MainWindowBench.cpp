@@ -102,7 +102,7 @@ void BM_TracerCourbeOnRecording(benchmark::State& state) {
     Station& station = Station::Instance();
     Form1& form = station.form();
     RecordingSurface recording;
-    form.drawingSurface = &recording;
+    form.DrawOn(recording);
     int n = 0;
     for (auto _ : state) {
         station.Select(n++);
@@ -110,13 +110,13 @@ void BM_TracerCourbeOnRecording(benchmark::State& state) {
         form.TracerCourbe();
         if (recording.Boxes().size() != kPerDay) state.SkipWithError("the day isn't whole");
     }
-    form.drawingSurface = &form;
+    form.DrawOn(form);
 }
 
 void BM_TracerCourbeOnTheForm(benchmark::State& state) {
     Station& station = Station::Instance();
     Form1& form = station.form();
-    form.drawingSurface = &form;
+    form.DrawOn(form);
     int n = 0;
     for (auto _ : state) {
         station.Select(n++);
@@ -128,7 +128,7 @@ void BM_TracerCourbeOnTheForm(benchmark::State& state) {
 void BM_TracerCourbeOnTheFormShown(benchmark::State& state) {
     Station& station = Station::Instance();
     Form1& form = station.form();
-    form.drawingSurface = &form;
+    form.DrawOn(form);
     form.show();
     int n = 0;
     for (auto _ : state) {

@@ -127,7 +127,7 @@ void ComposerBulletin(Label& bulletin, const Recordset& releve) {
 void Form1::TracerCourbe() {
     // 1. The click events that filling the lists raises draw nothing.
     if (!ChargementFini) return;
-    Surface& surface = *drawingSurface;
+    Surface& surface = *drawingSurface_;
     // 2. and 3.
     surface.Cls();
     for (int i = 0; i < int(FKNT.size()); ++i) {

@@ -71,9 +71,10 @@ public:
     int16_t DerniereColonne = 0;  // kept between calls of Form_MouseMove
     int16_t DernierIndex = 0;     // kept between calls of FKNT_MouseMove
 
-    // Where TracerCourbe draws its chart: the form itself, unless a test watches the drawing
-    // through another surface.
-    Surface* drawingSurface = this;
+    // Where TracerCourbe draws its chart from now on: the form itself from the start, or a surface
+    // through which a test watches the drawing. The surface must outlive the form or the next call.
+    void DrawOn(Surface& surface) { drawingSurface_ = &surface; }
+    Surface& DrawingSurface() const { return *drawingSurface_; }
 
     // ---- Procedures of the form.
     // The start of the whole system: the wind colours, "Skelda Starting" in the log, the window
@@ -189,6 +190,7 @@ private:
     friend struct Form1Builder;
     Label* ChampDuReleve(ChampReleve champ) const;
     Forms& forms_;
+    Surface* drawingSurface_ = this;
     std::unique_ptr<PollCycle> cycle_;
 };
 

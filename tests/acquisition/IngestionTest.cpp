@@ -59,7 +59,7 @@ TEST_F(Ingestion, TheFirstRowOfANewDayDoesntEnterTheListOfDates) {
 TEST_F(Ingestion, AStationFileBecomesOneRowWithTheLabelsTheLogTheChartAndTheTrayCaption) {
     AnswerBourget(StationReply(Bourget));
     Form1& f = Form();
-    f.drawingSurface = &recording;
+    f.DrawOn(recording);
     const QString entree = Named<ListBox>(f, QStringLiteral("List1"))->List(LigneBourget);
     ASSERT_TRUE(PollAndWait(f));
 
@@ -114,7 +114,7 @@ TEST_F(Ingestion, AStationFileBecomesOneRowWithTheLabelsTheLogTheChartAndTheTray
 TEST_F(Ingestion, TheSameStationFileAgainIsADuplicateThatStillRefreshesTheLabelsAndTheTray) {
     AnswerBourget(StationReply(Bourget));
     Form1& f = Form();
-    f.drawingSurface = &recording;
+    f.DrawOn(recording);
     ASSERT_TRUE(PollAndWait(f));
     ASSERT_EQ(db.Count(QStringLiteral("Zefir")), 1);
 
@@ -206,7 +206,7 @@ TEST_F(Ingestion, ABodySplitOverTwoPacketsKeepsOnlyTheFirst) {
 
 TEST_F(Ingestion, APacketWithoutAnEndOfHeadIsOnlyLogged) {
     Form1& f = Form();
-    f.drawingSurface = &recording;
+    f.DrawOn(recording);
     TimerWinsock(f).SetEnabled(true);
     Named<ListBox>(f, QStringLiteral("List1"))->setEnabled(false);
     Receive(f, "HTTP/1.1 200 OK\r\nContent-Type: text/plain\r\n");
@@ -232,7 +232,7 @@ TEST_F(Ingestion, ABodyShorterThan17CharactersDecodesTheSampleAndStoresAnEmptyMe
 
 TEST_F(Ingestion, AVariableWindStoresDirection0WithoutLogLineOrRedraw) {
     Form1& f = Form();
-    f.drawingSurface = &recording;
+    f.DrawOn(recording);
     f.Cycle().AngleZefir = 1.5f;
     Receive(f, StationReply("LFPB 021000Z VRB03KT 9999 FEW016 12/08 Q1015\n"));
     ASSERT_EQ(db.Count(QStringLiteral("Zefir")), 1);
@@ -299,7 +299,7 @@ TEST_F(Ingestion, AnUnknownStationIsStoredUnderNumber0) {
 
 TEST_F(Ingestion, AMissingDatabaseStoresNothingButStillEndsTheExchange) {
     Form1& f = Form();
-    f.drawingSurface = &recording;
+    f.DrawOn(recording);
     TimerWinsock(f).SetEnabled(true);
     ASSERT_TRUE(QFile::remove(db.Path()));
     Receive(f, StationReply(Bourget));

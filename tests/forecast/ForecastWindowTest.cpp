@@ -113,7 +113,7 @@ TEST_F(Forecast, ClosingByTheWindowFrameUnloadsTheFormToo) {
 
 TEST_F(Forecast, LeftClickOnAnAirportDrawsTheChartAndFetchesNoForecast) {
     Form1& f = Form();
-    f.drawingSurface = &recording;
+    f.DrawOn(recording);
     recording.Clear();
     Presser(LigneHeathrow, Qt::LeftButton);
     EXPECT_FALSE(recording.Calls().empty());
@@ -156,7 +156,7 @@ TEST_F(Forecast, RightClickOnAnotherAirportLeavesTheSelectionAndFetchesTheSelect
     portal.Serve("/forecast/FRXX0076.html", PageDe({{QStringLiteral("Monday:"), QStringLiteral(" Drizzle.")}}));
     Form1& f = Form();
     ASSERT_EQ(Named<ListBox>(f, QStringLiteral("List1"))->ListIndex(), LigneBourget);
-    f.drawingSurface = &recording;
+    f.DrawOn(recording);
     recording.Clear();
     Presser(LigneHeathrow, Qt::RightButton);
     // The right button selects nothing: the forecast is that of the line selected before, and

@@ -195,7 +195,7 @@ TEST_F(DayChart, TheFirstBarOfARunIsEmptyAndTheArrowsMakeTheRestSolid) {
     // The chart never sets FillStyle: the first arrow leaves it solid.
     Draw({Releve(LeBourget, 10, 0), Releve(LeBourget, 11, 0)});
     RecordingSurface fresh;
-    Form().drawingSurface = &fresh;
+    Form().DrawOn(fresh);
     Form().TracerCourbe();
     const auto bars = fresh.Boxes();
     ASSERT_EQ(bars.size(), 2u);
@@ -534,7 +534,7 @@ TEST_F(DayChart, TheDatabaseIsClosedAfterADrawing) {
 TEST_F(DayChart, DrawsOnTheFormItselfByDefault) {
     db.AddObservation(Releve(LeBourget, 10, 0, 20));
     Form1& form = Form();
-    EXPECT_EQ(form.drawingSurface, static_cast<Surface*>(&form));
+    EXPECT_EQ(&form.DrawingSurface(), static_cast<Surface*>(&form));
     // Inside the bar of slot 20 (20 knots, class 4), 60 twips right of its edge at 2340 + 180 x 20
     // = 5940 twips, 396 pixels; at y 3500 twips, 233 pixels.
     const QPoint inside(400, 233);

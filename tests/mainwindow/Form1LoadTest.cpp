@@ -479,7 +479,7 @@ TEST_F(Form1Load, ChoosingADateRedrawsThatDay) {
 
 TEST_F(Form1Load, WhileLoadingIsUnfinishedTheChartDrawsNothing) {
     Form1 form(forms);
-    form.drawingSurface = &recording;
+    form.DrawOn(recording);
     Named<Label>(form, Indexed("FKNT", 3))->Tag = QStringLiteral("kept");
     form.TracerCourbe();
     EXPECT_TRUE(recording.Calls().empty());

@@ -100,7 +100,7 @@ protected:
     // The form after loading, drawing from now on on the recording.
     Form1& FormOnRecording() {
         Form1& form = Form();
-        form.drawingSurface = &recording;
+        form.DrawOn(recording);
         return form;
     }
 
