@@ -1,12 +1,11 @@
-// The exchange with the observation server: one hand-made HTTP/1.0 GET per poll on Form1's raw
+// The exchange with the observation server: one hand-made HTTP/1.0 GET per poll on the raw
 // socket W. No HTTP library is involved and the reply's status and headers are never read; the
 // connection is ended from this side by closing W.
 #include <QCoreApplication>
 
-#include "Acquisition.h"
 #include "Failure.h"
-#include "Form1.h"
 #include "Forms.h"
+#include "PollCycle.h"
 
 namespace skelda {
 
@@ -23,30 +22,30 @@ QString RequeteStation(const QString& Serveur, const QString& Code) {
 
 }  // namespace
 
-void W_Connect(Form1& f) {
+void PollCycle::W_Connect() {
     // Read the selected entry. Nothing selected: nothing goes out and no time-out runs; the
     // connection stays open until the next poll closes it. The entry is read now, when the
     // connection is made, so a click in List1 since Connect changes the station asked for.
-    const int index = f.List1->ListIndex();
+    const int index = f_.ListeAeroports().ListIndex();
     if (index < 0) return;
     // Start the time-out. It counts from the connection being made, not from Connect.
-    f.TimerWinsock.SetEnabled(true);
+    TimerWinsock.SetEnabled(true);
     // Disable the list: the user can't change the selection while a reply is out; only a reply
     // enables it again.
-    f.List1->setEnabled(false);
+    f_.ListeAeroports().setEnabled(false);
     // Build the request for the entry's code. TableIDA holds 101 codes: a line beyond it is a
     // fault that isn't caught.
-    const TableIDAType& TableIDA = f.forms().module1().TableIDA;
+    const TableIDAType& TableIDA = forms_.module1().TableIDA;
     if (index >= int(TableIDA.size())) throw RuntimeError(SubscriptOutOfRange);
-    const QString requete = RequeteStation(f.forms().services().observationServer.host, TableIDA[index].Concat());
+    const QString requete = RequeteStation(forms_.services().observationServer.host, TableIDA[index].Concat());
     // Send it.
-    f.W.SendData(requete);
+    W.SendData(requete);
 }
 
-void W_Error(Form1& f) {
+void PollCycle::W_Error() {
     // The number and description are ignored: a network failure is silent, and the airport waits
     // for its next turn. If the request was out, TimerWinsock runs on and closes the closed socket.
-    f.W.Close();
+    W.Close();
     QCoreApplication::processEvents();
 }
 

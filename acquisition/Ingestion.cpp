@@ -7,16 +7,14 @@
 // therefore judges the whole reception, not only the write: a variable wind, whose empty direction
 // can't be read as a number when it is turned into an angle, stores its row but logs nothing and
 // doesn't redraw the chart. That is intended.
-#include "Acquisition.h"
 #include "Airports.h"
-#include "Arrow.h"
 #include "Bulletin.h"
 #include "Convert.h"
 #include "Dao.h"
-#include "Form1.h"
 #include "Forms.h"
 #include "Log.h"
 #include "Observation.h"
+#include "PollCycle.h"
 #include "Regional.h"
 #include "ResumeNext.h"
 #include "Text.h"
@@ -24,118 +22,91 @@
 
 namespace skelda {
 
-namespace {
+void PollCycle::W_DataArrival(qint64 /*bytesTotal*/) { IngererReponse(W.GetData()); }
 
-// The wind dial on PV: a pale dial in PV's own scale with the arrow of the direction on top.
-void DessinerCadran(Form1& f, ResumeNext& step) {
-    SurfaceWidget& PV = *f.PV;
-    constexpr Color Noir = RGB(0, 0, 0);
-    constexpr Color Blanc = RGB(255, 255, 255);
-    // Clear the dial and keep the direction in its Tag.
-    step([&] { PV.Cls(); });
-    step([&] { PV.Tag = f.BulletinCourant.OrientationDegre; });
-    // The radius, 15 units inside half the width, and the centre; the circles are filled solid.
-    int16_t Rayon = 0;
-    step.Set(Rayon, CIntOf(PV.ScaleWidth() / 2 - 15));
-    const double Cx = PV.ScaleWidth() / 2;
-    const double Cy = PV.ScaleHeight() / 2;
-    step([&] { PV.SetFillStyle(vbFSSolid); });
-    // The sand-coloured rim.
-    step([&] { PV.SetFillColor(RGB(250, 218, 106)); });
-    step([&] { PV.Circle(Cx, Cy, Rayon, Noir); });
-    // The pale blue face.
-    step([&] { PV.SetFillColor(RGB(192, 255, 255)); });
-    step([&] { PV.Circle(Cx, Cy, Rayon * 0.87, Noir); });
-    // A white gleam left of the centre, taller than wide.
-    step([&] { PV.SetFillColor(Blanc); });
-    step([&] { PV.Circle(Cx - Rayon / 3.0, Cy, Rayon * 0.6, Blanc, 1.5); });
-    // The arrow of the direction on top; a direction that isn't a number draws none.
-    step([&] {
-        int16_t Longueur = CInt(Rayon * 0.95);
-        TracerFleche(Cx, Cy, CInt(f.BulletinCourant.OrientationDegre), PV, Longueur);
-    });
-}
-
-}  // namespace
-
-void W_DataArrival(Form1& f, qint64 /*bytesTotal*/) { IngererReponse(f, f.W.GetData()); }
-
-void IngererReponse(Form1& f, const QString& Recu) {
-    const Clock& clock = f.forms().services().clock;
+void PollCycle::IngererReponse(const QString& Recu) {
+    const Clock& clock = forms_.services().clock;
+    ListBox& List1 = f_.ListeAeroports();
     ResumeNext step;
 
     // Keep what arrived. It replaces what was there: packets aren't put together, a reply is
     // expected in one packet.
-    f.ReponseBrute = Recu;
+    ReponseBrute = Recu;
 
     // Log the arrival, for every packet whatever it holds.
-    step([&] { EcrireLog(QStringLiteral("Weather Received from ") + f.List1->List(f.List1->ListIndex()), clock); });
+    step([&] { EcrireLog(QStringLiteral("Weather Received from ") + List1.List(List1.ListIndex()), clock); });
 
     // Find the end of the head. None yet: nothing more. The socket stays open, TimerWinsock runs
     // on and List1 stays disabled, until a later packet or the time-out.
-    qsizetype Debut = InStr(f.ReponseBrute, u"\r\n\r\n");
+    qsizetype Debut = InStr(ReponseBrute, u"\r\n\r\n");
     if (Debut == 0) return;
 
     // Cut out the METAF text. The body starts behind CR LF CR LF. Its first 17 characters, the
     // station file's stamp "2004/11/02 10:00" and its line end, are skipped by count, not by
     // looking for the line end. The status line isn't looked at.
     Debut += 4;
-    const QString metaf = Mid(f.ReponseBrute, Debut + 17).toString();
+    const QString metaf = Mid(ReponseBrute, Debut + 17).toString();
 
     // Decode it. The decoder never fails; an empty text gives its built-in sample.
     Bulletin releve;
     releve = DecoderMetaf(metaf, clock);
-    f.BulletinCourant = releve;
-    Bulletin& b = f.BulletinCourant;
+    BulletinCourant = releve;
+    Bulletin& b = BulletinCourant;
 
     // Show the observation on the main window, starting with its date and time.
-    step([&] { f.Label1->SetCaption(b.DateReleve + QStringLiteral(" - ") + b.HeureReleve); });
+    step([&] { f_.SetReleve(ChampReleve::Date, b.DateReleve + QStringLiteral(" - ") + b.HeureReleve); });
     // The speed in knots and in km/h. The factor is 1.6 by intent, not 1.852, and the figure isn't
     // rounded.
     step([&] {
-        f.Label2->SetCaption(QStringLiteral("Speed : ") + QString::number(b.ForceNoeuds) + QStringLiteral(" Kt (") +
-                             NumberText(b.ForceNoeuds * 1.6) + QStringLiteral(" km/h)."));
+        f_.SetReleve(ChampReleve::Vitesse, QStringLiteral("Speed : ") + QString::number(b.ForceNoeuds) +
+                                               QStringLiteral(" Kt (") + NumberText(b.ForceNoeuds * 1.6) +
+                                               QStringLiteral(" km/h)."));
     });
     // The direction as an angle. An empty or non-numeric direction fails here: AngleZefir keeps
     // its old value and the failure stays for the check after the write. Nothing reads AngleZefir.
-    step([&] { f.AngleZefir = float((CDbl(b.OrientationDegre) + 90) * 2 * 3.141592 / 360); });
+    step([&] { AngleZefir = float((CDbl(b.OrientationDegre) + 90) * 2 * 3.141592 / 360); });
     // The direction's name and the Beaufort force, with the gust's behind it. NomDirection turns an
     // empty direction into "0" inside BulletinCourant, so from here on a variable wind has
     // direction 0: on Label3, on the dial and in the row.
-    step([&] { f.Label6->SetCaption(NomDirection(b.OrientationDegre, false).ToText()); });
-    step([&] { f.TXTforce->SetCaption(ForceBeaufort(b.ForceNoeuds)); });
+    step([&] { f_.SetReleve(ChampReleve::Secteur, NomDirection(b.OrientationDegre, false).ToText()); });
+    step([&] { f_.SetReleve(ChampReleve::Force, ForceBeaufort(b.ForceNoeuds)); });
     if (b.ForceRafale > 0)
         step([&] {
-            f.TXTforce->SetCaption(f.TXTforce->Caption() + QStringLiteral(" / ") + ForceBeaufort(b.ForceRafale));
+            f_.SetReleve(ChampReleve::Force,
+                         f_.Releve(ChampReleve::Force) + QStringLiteral(" / ") + ForceBeaufort(b.ForceRafale));
         });
     // The direction in degrees.
-    step([&] { f.Label3->SetCaption(QStringLiteral("Direction : ") + b.OrientationDegre + QStringLiteral("°")); });
+    step([&] {
+        f_.SetReleve(ChampReleve::Direction, QStringLiteral("Direction : ") + b.OrientationDegre + QStringLiteral("°"));
+    });
     // The wind dial.
-    DessinerCadran(f, step);
+    f_.DessinerCadran(step, b.OrientationDegre);
     // The window's caption names the airport; the next tick of T puts the countdown back.
-    step([&] { f.SetCaption(QStringLiteral("Wind : ") + f.List1->Text()); });
+    step([&] { f_.SetCaption(QStringLiteral("Wind : ") + List1.Text()); });
     // Enable the list again: the only place that gives it back to the user.
-    step([&] { f.List1->setEnabled(true); });
+    step([&] { List1.setEnabled(true); });
     // The frame's title names the airport.
-    step([&] { f.Frame1->setTitle(f.List1->Text()); });
+    step([&] { f_.SetTitreReleve(List1.Text()); });
 
     // Write the row: AddNew, fifteen columns and Update, each a statement of this mode. The
     // airport's number comes from the station code inside the message, not from the entry that
     // was polled; an unknown code gives 0.
-    const QString base = f.DatabasePath();
-    step([&] { f.BaseReleves = OpenDatabase(base); });
-    step([&] { f.JeuReleves = f.BaseReleves.OpenRecordset(QStringLiteral("Zefir"), dbOpenDynaset); });
-    Recordset& r = f.JeuReleves;
+    const QString base = f_.DatabasePath();
+    Database& BaseReleves = f_.Base();
+    Recordset& JeuReleves = f_.Jeu();
+    step([&] { BaseReleves = OpenDatabase(base); });
+    step([&] { JeuReleves = BaseReleves.OpenRecordset(QStringLiteral("Zefir"), dbOpenDynaset); });
+    Recordset& r = JeuReleves;
     // Trailing text of the packet behind the report stays in the METAF column as received.
     AjouterReleve(
         r, step, QStringLiteral("NumAéroport"), [&] { return Variant(int32_t(TrouverAeroport(b.Ida, base))); }, b,
-        Mid(f.ReponseBrute, Debut + 17).toString());
+        Mid(ReponseBrute, Debut + 17).toString());
 
     // Close the recordset and the database.
     step([&] { r.Close(); });
-    f.JeuReleves = Recordset();
-    step([&] { f.BaseReleves.Close(); });
-    f.BaseReleves = Database();
+    JeuReleves = Recordset();
+    step([&] { BaseReleves.Close(); });
+    BaseReleves = Database();
 
     // Judge the reception by the latest failure of any statement above. The refusal 3022 is the
     // database's answer to a row that repeats an observation: the system's only duplicate check.
@@ -143,22 +114,22 @@ void IngererReponse(Form1& f, const QString& Recu) {
     if (step.Number() == DaoDuplicateKey) {
         step([&] { EcrireLog(QStringLiteral("ERROR UPDATE : Possibility of duplicate ") + b.Ida, clock); });
     } else if (step.Number() == NoError) {
-        step([&] { EcrireLog(QStringLiteral("New Metaf Recorded ") + f.List1->List(f.List1->ListIndex()), clock); });
-        step([&] { f.TracerCourbe(); });
+        step([&] { EcrireLog(QStringLiteral("New Metaf Recorded ") + List1.List(List1.ListIndex()), clock); });
+        step([&] { f_.TracerCourbe(); });
     }
 
     // Hand the tray tip its text. It waits in the caption of the tray form, duplicates included;
     // the tray's timer passes it on within 10 seconds.
     step([&] {
-        const QString titre =
-            f.List1->Text() + QString::fromUtf16(CrLf) + f.Label6->Caption() + u' ' + f.TXTforce->Caption();
-        f.forms().Get<TrayForm>().SetCaption(Trim(titre).toString());
+        const QString titre = List1.Text() + QString::fromUtf16(CrLf) + f_.Releve(ChampReleve::Secteur) + u' ' +
+                              f_.Releve(ChampReleve::Force);
+        forms_.Get<TrayForm>().SetCaption(Trim(titre).toString());
     });
 
     // End the exchange: close the socket and stop its time-out. It ends here, from this side,
     // after the first packet with a complete head.
-    step([&] { f.W.Close(); });
-    step([&] { f.TimerWinsock.SetEnabled(false); });
+    step([&] { W.Close(); });
+    step([&] { TimerWinsock.SetEnabled(false); });
 }
 
 }  // namespace skelda

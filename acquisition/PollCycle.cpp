@@ -1,29 +1,34 @@
-// The wiring of the poll cycle into Form1's events.
-#include "Acquisition.h"
-#include "Form1.h"
+// The poll cycle's timers and socket, made as children of the main window, and their wiring.
+#include "PollCycle.h"
+
 #include "Forms.h"
 #include "RunTime.h"
 
+#include <QWidget>
+
 namespace skelda {
 
-void InstallPollCycle(Form1& f) {
+PollCycle::PollCycle(PollWindow& window, Forms& forms)
+    : T(1000, false, &window.Fenetre()),
+      TimerWinsock(20000, false, &window.Fenetre()),
+      W(&window.Fenetre()),
+      f_(window),
+      forms_(forms) {
+    T.setObjectName(QStringLiteral("T"));
+    TimerWinsock.setObjectName(QStringLiteral("TimerWinsock"));
+    W.setObjectName(QStringLiteral("W"));
     // Each handler runs inside the program's guard, so a failure that it doesn't handle ends in
     // the run-time error box right here, not inside the timer's or the socket's dispatch.
-    RunTimeGuard& guard = f.forms().services().guard;
-    On(guard, &f.T, &Timer::Tick, &f, [&f] { T_Timer(f); });
-    On(guard, &f.TimerWinsock, &Timer::Tick, &f, [&f] { TimerWinsock_Timer(f); });
-    On(guard, &f.W, &Winsock::connected, &f, [&f] { W_Connect(f); });
-    On(guard, &f.W, &Winsock::DataArrival, &f, [&f](qint64 bytesTotal) { W_DataArrival(f, bytesTotal); });
-    On(guard, &f.W, &Winsock::Error, &f, [&f] { W_Error(f); });
+    RunTimeGuard& guard = forms_.services().guard;
+    QWidget* fenetre = &window.Fenetre();
+    On(guard, &T, &Timer::Tick, fenetre, [this] { T_Timer(); });
+    On(guard, &TimerWinsock, &Timer::Tick, fenetre, [this] { TimerWinsock_Timer(); });
+    On(guard, &W, &Winsock::connected, fenetre, [this] { W_Connect(); });
+    On(guard, &W, &Winsock::DataArrival, fenetre, [this](qint64 bytesTotal) { W_DataArrival(bytesTotal); });
+    On(guard, &W, &Winsock::Error, fenetre, [this] { W_Error(); });
     // A double click polls the selected airport at once; its Click, which comes first, has
     // already drawn the chart.
-    On(guard, f.List1, &ListBox::DblClick, &f, [&f] { Connect(f); });
-}
-
-Form1* LoadForm1WithPollCycle(Forms& forms) {
-    Form1* form = Form1::Load(forms);
-    InstallPollCycle(*form);
-    return form;
+    On(guard, &window.ListeAeroports(), &ListBox::DblClick, fenetre, [this] { Connect(); });
 }
 
 }  // namespace skelda

@@ -4,11 +4,10 @@
 #include <cmath>
 #include <utility>
 
-#include "Acquisition.h"
 #include "Convert.h"
 #include "Forecast.h"
-#include "Form1.h"
 #include "Forms.h"
+#include "PollCycle.h"
 #include "Regional.h"
 #include "ResumeNext.h"
 #include "Text.h"
@@ -70,104 +69,100 @@ private:
     ResumeNext step_;
 };
 
-void PollSuivant(Form1& f, Instructions& run) {
+void PollSuivant(PollCycle& cycle, ListBox& List1, Instructions& run) {
     // An empty List1 has no entry to select: the poll is left out and the countdown starts
     // again, so that a run with no active airport simply waits.
-    if (f.List1->ListCount() == 0) {
-        f.SecondesAttente = 0;
+    if (List1.ListCount() == 0) {
+        cycle.SecondesAttente = 0;
         return;
     }
-    run([&] { f.IndexReleve = Add16(f.IndexReleve, 1).Value(); });
-    if (f.IndexReleve > f.List1->ListCount() - 1) f.IndexReleve = 0;
+    run([&] { cycle.IndexReleve = Add16(cycle.IndexReleve, 1).Value(); });
+    if (cycle.IndexReleve > List1.ListCount() - 1) cycle.IndexReleve = 0;
     // Selecting the entry redraws its chart through the list's Click, as a user's click does.
-    run([&] { f.List1->SetListIndex(f.IndexReleve); });
-    run([&] { Connect(f); });
-    f.SecondesAttente = 0;
+    run([&] { List1.SetListIndex(cycle.IndexReleve); });
+    run([&] { cycle.Connect(); });
+    cycle.SecondesAttente = 0;
 }
 
 }  // namespace
 
-void T_Timer(Form1& f) {
+void PollCycle::T_Timer() {
     // Read the system's time as text and split it by hand into hours, minutes and seconds.
-    const HeureLocale h = DecouperHeure(f.forms().services().clock.TimeText());
-    // The local clock.
-    f.Label5->SetCaption(h.hh + u':' + h.mm + u':' + h.ss);
-    // The Zulu clock, a fixed 5 hours ahead.
-    f.Label11->SetCaption(HeureZulu(h.hh) + u':' + h.mm + u':' + h.ss);
+    const HeureLocale h = DecouperHeure(forms_.services().clock.TimeText());
+    // The local clock, and the Zulu clock a fixed 5 hours ahead.
+    f_.SetHorloges(h.hh + u':' + h.mm + u':' + h.ss, HeureZulu(h.hh) + u':' + h.mm + u':' + h.ss);
 
     // The first tick after the window was asked for runs the rest of itself in the
     // skip-and-continue mode; no other tick has that protection.
     Instructions run;
-    if (f.Tag.compare(QStringLiteral("VISIBLE"), Qt::CaseInsensitive) == 0) {
-        f.Tag = QStringLiteral("VU");
+    if (f_.TagFenetre().compare(QStringLiteral("VISIBLE"), Qt::CaseInsensitive) == 0) {
+        f_.SetTag(QStringLiteral("VU"));
         run.Proteger();
     }
 
     // Count the tick towards the next poll and towards the hour.
-    run([&] { f.SecondesAttente = Add16(f.SecondesAttente, 1).Value(); });
-    run([&] { f.SecondesHeure = Add16(f.SecondesHeure, 1).Value(); });
+    run([&] { SecondesAttente = Add16(SecondesAttente, 1).Value(); });
+    run([&] { SecondesHeure = Add16(SecondesHeure, 1).Value(); });
 
     // The countdown in the caption. It counts 9 to 0 over the first ten ticks, while the poll
     // comes on the eleventh (the test below is "above 10"): on that tick the caption shows -1 for
     // an instant and Connect replaces it at once with its own.
     run([&] {
-        f.SetCaption(f.List1->Text() + QStringLiteral(" - ") + QString::number(10 - f.SecondesAttente) +
-                     QStringLiteral(" secondes..."));
+        f_.SetCaption(f_.ListeAeroports().Text() + QStringLiteral(" - ") + QString::number(10 - SecondesAttente) +
+                      QStringLiteral(" secondes..."));
     });
 
     // Refill the list of dates once an hour, on the 3601st tick, so that a day that began during
     // the run enters it. Selecting the newest date also takes a user looking at an older day back
     // to today, and redraws the chart through the combo's Click.
-    if (f.SecondesHeure > 3600) {
-        run([&] { f.SecondesHeure = 0; });
-        run([&] { f.BaseReleves = OpenDatabase(f.DatabasePath()); });
-        run([&] { f.RemplirDates(); });
-        run([&] { f.ChoixDate->SetListIndex(CInt(f.ChoixDate->Tag)); });
+    if (SecondesHeure > 3600) {
+        run([&] { SecondesHeure = 0; });
+        run([&] { f_.Base() = OpenDatabase(f_.DatabasePath()); });
+        run([&] { f_.RemplirDates(); });
+        run([&] { f_.ChoisirDateRecente(); });
     }
 
     // Poll the next airport of the list every eleventh tick, wrapping to the first. The counter
     // is reset only after Connect has returned.
-    if (f.SecondesAttente > 10) PollSuivant(f, run);
+    if (SecondesAttente > 10) PollSuivant(*this, f_.ListeAeroports(), run);
 }
 
-void Connect(Form1& f) {
-    Services& services = f.forms().services();
+void PollCycle::Connect() {
+    Services& services = forms_.services();
     // Say so in the caption, and clear the last observation's text from the window.
-    f.SetCaption(QStringLiteral("Connection in progress..."));
-    f.Label1->SetCaption(QString());
-    f.Label2->SetCaption(QString());
-    f.Label3->SetCaption(QString());
-    f.Label6->SetCaption(QString());
-    f.TXTforce->SetCaption(QString());
+    f_.SetCaption(QStringLiteral("Connection in progress..."));
+    for (ChampReleve champ :
+         {ChampReleve::Date, ChampReleve::Vitesse, ChampReleve::Direction, ChampReleve::Secteur, ChampReleve::Force})
+        f_.SetReleve(champ, QString());
     // Forget the last reply.
-    f.ReponseBrute.clear();
+    ReponseBrute.clear();
     // Close the socket. An exchange still running is abandoned here without a word: its reply,
     // if any comes, has no socket left to arrive on. This is the whole treatment of overlapping
     // polls.
-    f.W.Close();
+    W.Close();
     // Let pending events run once.
     QCoreApplication::processEvents();
     // A local port from 91 to 100, drawn after reseeding; the only use of the random draw.
     services.random.Randomize();
     const double tirage = services.random.Rnd();
-    f.W.SetLocalPort(int(std::floor(tirage * 10)) + 91);
+    W.SetLocalPort(int(std::floor(tirage * 10)) + 91);
     // The observation server.
-    f.W.SetRemoteHost(services.observationServer.host);
-    f.W.SetRemotePort(services.observationServer.port);
+    W.SetRemoteHost(services.observationServer.host);
+    W.SetRemotePort(services.observationServer.port);
     // Connect; W_Connect takes over when the connection is made.
-    f.W.Connect();
+    W.Connect();
     // The news, at the first poll of the run. A failed fetch (no network, an unknown host, a
     // refused connection, a time-out) is lost silently with this poll, as every network failure
     // of the cycle is: the news flag stays empty and the next poll tries again.
     ResumeNext nouvelles;
-    nouvelles([&] { AfficherNouvelles(QString(), f.forms()); });
+    nouvelles([&] { AfficherNouvelles(QString(), forms_); });
 }
 
-void TimerWinsock_Timer(Form1& f) {
+void PollCycle::TimerWinsock_Timer() {
     // Silent: no log, no retry. List1, which the exchange disabled, stays disabled until a later
     // reply enables it again.
-    f.TimerWinsock.SetEnabled(false);
-    f.W.Close();
+    TimerWinsock.SetEnabled(false);
+    W.Close();
 }
 
 }  // namespace skelda

@@ -13,8 +13,6 @@
 #include <QCloseEvent>
 #include <QPushButton>
 
-#include <memory>
-
 namespace skelda {
 
 namespace {
@@ -37,12 +35,6 @@ AeroportsConfig::AeroportsConfig(Forms& forms) : forms_(forms) {
 }
 
 AeroportsConfig::~AeroportsConfig() = default;
-
-AeroportsConfig* AeroportsConfig::Load(Forms& forms) {
-    auto form = std::make_unique<AeroportsConfig>(forms);
-    form->Form_Load();
-    return form.release();
-}
 
 RunTimeGuard& AeroportsConfig::guard() const { return forms_.services().guard; }
 
@@ -188,6 +180,12 @@ void AeroportsConfig::ajouterbtn_Click() {
     // goes.
     forms_.Widget<ajoutareoports>().show();
     Unload();
+}
+
+void ProvideAirportForms(Forms& forms) {
+    forms.Provide<AeroportsConfig>(&AeroportsConfig::Load);
+    forms.ProvideAs<AirportsWindow, AeroportsConfig>();
+    forms.Provide<ajoutareoports>(&ajoutareoports::Load);
 }
 
 void AeroportsConfig::Form_Unload() { forms_.Get<PollingForm>().SetTEnabled(true); }

@@ -8,8 +8,11 @@
 #pragma once
 
 #include "Controls.h"
+#include "FormParts.h"
+#include "MenuWindows.h"
 
 #include <QWidget>
+#include <string_view>
 
 class QPushButton;
 
@@ -19,26 +22,19 @@ class Forms;
 class Image;
 class RunTimeGuard;
 
-class AeroportsConfig : public QWidget {
+class AeroportsConfig : public QWidget, public AirportsWindow {
     Q_OBJECT
 public:
+    // The library the form belongs to: the others reach it through its interfaces only.
+    static constexpr std::string_view Library = "airports";
+
     // Builds the form with its controls; nothing is read yet.
     explicit AeroportsConfig(Forms& forms);
     ~AeroportsConfig() override;
 
     // Loading the form: builds it and runs Form_Load. The maker that the program gives to
     // Forms::Provide. A failure of the database reaches the caller, and the form is dropped.
-    static AeroportsConfig* Load(Forms& forms);
-
-    // ---- Controls, under their design names.
-    ListBox* List1 = nullptr;  // every airport; a selected line is an active airport
-    Label* PREF = nullptr;     // the line of the preferred airport; its Tag is that airport's idx
-    Label* NBS = nullptr;      // how many lines are selected
-    Label* Label1 = nullptr;
-    Image* Image1 = nullptr;
-    QPushButton* Command1 = nullptr;    // "Validate"
-    QPushButton* Command2 = nullptr;    // "Cancel"
-    QPushButton* ajouterbtn = nullptr;  // "Edit"
+    static AeroportsConfig* Load(Forms& forms) { return LoadForm<AeroportsConfig>(forms); }
 
     // ---- Procedures of the form. None handles a failure of the database: it reaches the
     // run-time error box.
@@ -61,6 +57,9 @@ public:
     // Starts the main window's poll timer again.
     void Form_Unload();
 
+    // What the add form asks (AirportsWindow): the idx of List1's first line.
+    int32_t IdxPremiereLigne() const override { return List1->ItemData(0); }
+
     // The Unload statement on this form, from any of its handlers: Form_Unload, then the form
     // goes; it is deleted once the event has ended. A second call does nothing.
     void Unload();
@@ -72,6 +71,16 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
+    // ---- Controls, under their design names.
+    ListBox* List1 = nullptr;  // every airport; a selected line is an active airport
+    Label* PREF = nullptr;     // the line of the preferred airport; its Tag is that airport's idx
+    Label* NBS = nullptr;      // how many lines are selected
+    Label* Label1 = nullptr;
+    Image* Image1 = nullptr;
+    QPushButton* Command1 = nullptr;    // "Validate"
+    QPushButton* Command2 = nullptr;    // "Cancel"
+    QPushButton* ajouterbtn = nullptr;  // "Edit"
+
     RunTimeGuard& guard() const;
     void BuildControls();
     void WireEvents();
@@ -79,5 +88,9 @@ private:
     Forms& forms_;
     bool unloaded_ = false;
 };
+
+// Tells Forms how the airport forms are made: AeroportsConfig, also as the tray's AirportsWindow,
+// and ajoutareoports.
+void ProvideAirportForms(Forms& forms);
 
 }  // namespace skelda

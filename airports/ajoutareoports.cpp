@@ -1,11 +1,11 @@
 #include "ajoutareoports.h"
 
-#include "AeroportsConfig.h"
 #include "AirportsTable.h"
 #include "Convert.h"
 #include "Dao.h"
 #include "Forms.h"
 #include "Log.h"
+#include "MenuWindows.h"
 #include "MessageBoxes.h"
 #include "PollingForm.h"
 #include "ResumeNext.h"
@@ -15,8 +15,6 @@
 #include <QCloseEvent>
 #include <QLineEdit>
 #include <QPushButton>
-
-#include <memory>
 
 namespace skelda {
 
@@ -34,12 +32,6 @@ W* Nomme(W* widget, const QString& name) {
 }  // namespace
 
 ajoutareoports::ajoutareoports(Forms& forms) : forms_(forms) { BuildControls(); }
-
-ajoutareoports* ajoutareoports::Load(Forms& forms) {
-    auto form = std::make_unique<ajoutareoports>(forms);
-    form->Form_Load();
-    return form.release();
-}
 
 void ajoutareoports::BuildControls() {
     setObjectName(QStringLiteral("ajoutareoports"));
@@ -112,7 +104,7 @@ void ajoutareoports::Form_Load() {
     // Look for the airport of the selection form's first line. That form is still loaded: its
     // Edit button loads this form before it goes. The row found isn't used, and the recordset and
     // the database are let go at the end of the load without a Close.
-    aeroports.FindFirst(QStringLiteral("idx = ") + QString::number(forms_.Get<AeroportsConfig>().List1->ItemData(0)));
+    aeroports.FindFirst(QStringLiteral("idx = ") + QString::number(forms_.Get<AirportsWindow>().IdxPremiereLigne()));
 }
 
 void ajoutareoports::confirmerbtn_Click() {

@@ -7,6 +7,9 @@
 #include "Artwork.h"
 #include "Forms.h"
 #include "FrmIcone.h"
+#include "NotificationArea.h"
+#include "Printer.h"
+#include "ProcessEnd.h"
 #include "ProvideForms.h"
 #include "RunTime.h"
 #include "ScreenMessageBoxes.h"
@@ -17,7 +20,6 @@
 #include <QDir>
 #include <QStringList>
 
-#include <cstdlib>
 #include <memory>
 
 namespace {
@@ -37,9 +39,10 @@ QString ApplicationPath(const QStringList& arguments) {
 int main(int argc, char* argv[]) {
     using namespace skelda;
     ScreenMessageBoxes boxes;
+    SystemProcessEnd processEnd;
     // After the run-time error box the program ends at once, as the run time ends it: no form
     // unloads.
-    RunTimeGuard guard(boxes, [](int) { std::_Exit(1); });
+    RunTimeGuard guard(boxes, [&processEnd](int) { processEnd.End(1); });
     Application app(argc, argv, guard);
     QApplication::setApplicationName(QStringLiteral("Skelda"));
     // Closing the main window only hides it, and the start form hides itself: the program lives
@@ -49,6 +52,8 @@ int main(int argc, char* argv[]) {
 
     SystemClock clock;
     SystemRandom random;
+    SystemPrinter printer;
+    DesktopNotificationArea notificationArea;
     Services services{clock,
                       random,
                       boxes,
@@ -56,7 +61,10 @@ int main(int argc, char* argv[]) {
                       ObservationServer(),
                       ForecastPortal(),
                       NewsServer(),
-                      ApplicationPath(QCoreApplication::arguments())};
+                      ApplicationPath(QCoreApplication::arguments()),
+                      printer,
+                      processEnd,
+                      notificationArea};
     // A database made by an earlier version gets this version's indexes, saved query and table of
     // days, rows untouched; a file already up to date is only read. Whatever goes wrong here is
     // left for the main window's load to meet, as a missing database always was. On years of

@@ -6,6 +6,7 @@
 #include "Form1.h"
 #include "Forms.h"
 #include "GuiBenchmarks.h"
+#include "Named.h"
 #include "RunFolder.h"
 #include "SeedDatabase.h"
 #include "TestServices.h"
@@ -66,7 +67,8 @@ void BM_LoadAeroportsConfig(benchmark::State& state) {
     for (auto _ : state) {
         AeroportsConfig& form = station.forms().Get<AeroportsConfig>();
         state.PauseTiming();
-        if (form.List1->ListCount() != station.airports) state.SkipWithError("the list isn't whole");
+        if (test::Named<ListBox>(form, QStringLiteral("List1"))->ListCount() != station.airports)
+            state.SkipWithError("the list isn't whole");
         station.forms().Unload<AeroportsConfig>();
         state.ResumeTiming();
     }

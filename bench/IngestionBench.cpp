@@ -14,11 +14,12 @@
 #include <memory>
 #include <stdexcept>
 
-#include "Acquisition.h"
 #include "Form1.h"
 #include "Forms.h"
 #include "FrmIcone.h"
 #include "GuiBenchmarks.h"
+#include "Named.h"
+#include "PollCycle.h"
 #include "RunFolder.h"
 #include "SyntheticStore.h"
 #include "TestServices.h"
@@ -57,7 +58,7 @@ private:
     Station() {
         bench::CreateSyntheticStore(Database(), kFirstDay, int(kFirstDay.daysTo(kLastDay)) + 1);
 
-        forms_.Provide<Form1>(&LoadForm1WithPollCycle);
+        ProvideMainWindow(forms_);
         // Only the tray form's caption is written: it is built, not loaded (no icon).
         forms_.Provide<FrmIcone>([](Forms& forms) { return new FrmIcone(forms); });
         forms_.ProvideAs<TrayForm, FrmIcone>();
@@ -80,7 +81,7 @@ void BM_IngestionNewRow(benchmark::State& state) {
     static int n = 0;
     for (auto _ : state) {
         const QString reply = StationFile(n++);
-        IngererReponse(form, reply);
+        form.Cycle().IngererReponse(reply);
     }
     // Every reception must have been a new row, or the figure would be another path's.
     if (test::LogCount(QStringLiteral("New Metaf Recorded ")) != n)
@@ -92,8 +93,8 @@ void BM_IngestionNewRow(benchmark::State& state) {
 void BM_IngestionDuplicate(benchmark::State& state) {
     Form1& form = Station::Instance().form();
     const QString reply = StationFile(0);
-    IngererReponse(form, reply);
-    for (auto _ : state) IngererReponse(form, reply);
+    form.Cycle().IngererReponse(reply);
+    for (auto _ : state) form.Cycle().IngererReponse(reply);
 }
 
 }  // namespace

@@ -9,6 +9,7 @@
 #include "Form1.h"
 #include "Forms.h"
 #include "GuiBenchmarks.h"
+#include "Named.h"
 #include "RecordingSurface.h"
 #include "RunFolder.h"
 #include "SyntheticStore.h"
@@ -42,11 +43,10 @@ public:
 
     // Selects the airport and day of iteration N without raising the lists' clicks.
     void Select(int n) {
-        Form1& f = form();
-        const QSignalBlocker listBlock(f.List1);
-        const QSignalBlocker dateBlock(f.ChoixDate);
-        f.List1->setCurrentRow(n % kAirports);
-        f.ChoixDate->setCurrentIndex((n * 37) % f.ChoixDate->ListCount());
+        const QSignalBlocker listBlock(list1_);
+        const QSignalBlocker dateBlock(choixDate_);
+        list1_->setCurrentRow(n % kAirports);
+        choixDate_->setCurrentIndex((n * 37) % choixDate_->ListCount());
     }
 
 private:
@@ -57,7 +57,10 @@ private:
             test::SavePicture(QStringLiteral("Images/LF%1.BMP").arg(a, 2, 10, QLatin1Char('0')), kPicture);
 
         forms_.Provide<Form1>(&Form1::Load);
-        form();
+        // The airport list and the date list, found by their names once: the form stays loaded.
+        Form1& f = form();
+        list1_ = test::Named<ListBox>(f, QStringLiteral("List1"));
+        choixDate_ = test::Named<ComboBox>(f, QStringLiteral("ChoixDate"));
     }
 
     QTemporaryDir store_;
@@ -66,6 +69,8 @@ private:
     // depends on the time moving.
     test::TestServices seams_{QDateTime::currentDateTime(), store_.path()};
     Forms forms_{seams_.services};
+    ListBox* list1_ = nullptr;
+    ComboBox* choixDate_ = nullptr;
 };
 
 void BM_MakeStore(benchmark::State& state) {
@@ -76,7 +81,7 @@ void BM_TracerCourbeOnRecording(benchmark::State& state) {
     Station& station = Station::Instance();
     Form1& form = station.form();
     RecordingSurface recording;
-    form.drawingSurface = &recording;
+    form.DrawOn(recording);
     int n = 0;
     for (auto _ : state) {
         station.Select(n++);
@@ -84,13 +89,13 @@ void BM_TracerCourbeOnRecording(benchmark::State& state) {
         form.TracerCourbe();
         if (recording.Boxes().size() != kPerDay) state.SkipWithError("the day isn't whole");
     }
-    form.drawingSurface = &form;
+    form.DrawOn(form);
 }
 
 void BM_TracerCourbeOnTheForm(benchmark::State& state) {
     Station& station = Station::Instance();
     Form1& form = station.form();
-    form.drawingSurface = &form;
+    form.DrawOn(form);
     int n = 0;
     for (auto _ : state) {
         station.Select(n++);
@@ -102,7 +107,7 @@ void BM_TracerCourbeOnTheForm(benchmark::State& state) {
 void BM_TracerCourbeOnTheFormShown(benchmark::State& state) {
     Station& station = Station::Instance();
     Form1& form = station.form();
-    form.drawingSurface = &form;
+    form.DrawOn(form);
     form.show();
     int n = 0;
     for (auto _ : state) {

@@ -22,6 +22,9 @@
 #include "Forms.h"
 #include "FrmIcone.h"
 #include "GuiBenchmarks.h"
+#include "Named.h"
+#include "NotificationArea.h"
+#include "Printer.h"
 #include "ProvideForms.h"
 #include "RunFolder.h"
 #include "RunTime.h"
@@ -94,7 +97,10 @@ int StartSkelda(int argc, char** argv, const QString& folder, bool toPicture) {
     QApplication::setQuitOnLastWindowClosed(false);
     SystemClock clock;
     SystemRandom random;
-    Services services{clock, random, boxes, guard, {}, {}, {}, folder};
+    SystemPrinter printer;
+    SystemProcessEnd processEnd;
+    DesktopNotificationArea notificationArea;
+    Services services{clock, random, boxes, guard, {}, {}, {}, folder, printer, processEnd, notificationArea};
     std::unique_ptr<StartUpPicture> picture;
     UpgradeDatabase(folder + QStringLiteral("/database.mdb"), DatabaseSchema(), nullptr, [&] {
         picture = std::make_unique<StartUpPicture>();
@@ -288,9 +294,10 @@ void BM_FirstStartOnAnEarlierTenYearFileToIcon(benchmark::State& state) {
 // The list of days as the main window fills it: the query, and 3652 lines into the combo box.
 void BM_RemplirDates(benchmark::State& state) {
     Form1& form = Station::Instance().form();
+    const ComboBox* choixDate = test::Named<ComboBox>(form, QStringLiteral("ChoixDate"));
     for (auto _ : state) {
         form.RemplirDates();
-        if (form.ChoixDate->ListCount() < kDays) state.SkipWithError("days are missing");
+        if (choixDate->ListCount() < kDays) state.SkipWithError("days are missing");
     }
 }
 

@@ -8,6 +8,7 @@
 // airport, and the month moves through the three years of the window's list.
 #include "Forms.h"
 #include "GuiBenchmarks.h"
+#include "Named.h"
 #include "PrinterSurface.h"
 #include "RecordingSurface.h"
 #include "StatistiqueMensuelle.h"
@@ -41,29 +42,36 @@ public:
         const std::vector<int>& styles = seams_.boxes.styles;
         return std::any_of(styles.begin(), styles.end(), [](int style) { return style != vbYesNo; });
     }
+    test::TestPrinter& printer() { return seams_.printer; }
 
     // Selects the airport, month and year of iteration N without raising the lists' clicks: the
     // 36 months of 2003 to 2005 in turn, every month with 28 to 31 days of observations.
     void Select(int n) {
-        StatistiqueMensuelle& f = form();
-        const QSignalBlocker airports(f.Aeroports);
-        const QSignalBlocker months(f.Mois);
-        const QSignalBlocker years(f.Annee);
-        f.Aeroports->setCurrentRow(n % kAirports);
-        f.Mois->setCurrentRow(n % 12);
-        f.Annee->setCurrentRow((n / 12) % 3);
+        const QSignalBlocker airports(aeroports_);
+        const QSignalBlocker months(mois_);
+        const QSignalBlocker years(annee_);
+        aeroports_->setCurrentRow(n % kAirports);
+        mois_->setCurrentRow(n % 12);
+        annee_->setCurrentRow((n / 12) % 3);
     }
 
 private:
     Station() {
         bench::CreateSyntheticStore(store_.filePath(QStringLiteral("database.mdb")), kFirstDay, kDays);
         forms_.Provide<StatistiqueMensuelle>(&StatistiqueMensuelle::Load);
-        form();
+        // The three lists, found by their names once: the form stays loaded.
+        StatistiqueMensuelle& f = form();
+        aeroports_ = test::Named<ListBox>(f, QStringLiteral("Aeroports"));
+        mois_ = test::Named<ListBox>(f, QStringLiteral("Mois"));
+        annee_ = test::Named<ListBox>(f, QStringLiteral("Année"));
     }
 
     QTemporaryDir store_;
     test::TestServices seams_{QDateTime(QDate(2004, 3, 20), QTime(12, 0)), store_.path()};
     Forms forms_{seams_.services};
+    ListBox* aeroports_ = nullptr;
+    ListBox* mois_ = nullptr;
+    ListBox* annee_ = nullptr;
 };
 
 void BM_MakeStore(benchmark::State& state) {
@@ -74,7 +82,7 @@ void BM_AfficherMoisOnRecording(benchmark::State& state) {
     Station& station = Station::Instance();
     StatistiqueMensuelle& form = station.form();
     RecordingSurface recording;
-    form.drawingSurface = &recording;
+    form.DrawOn(recording);
     int n = 0;
     for (auto _ : state) {
         station.Select(n++);
@@ -82,7 +90,7 @@ void BM_AfficherMoisOnRecording(benchmark::State& state) {
         form.AfficherMois();
         if (recording.Boxes().size() < 2 * 28) state.SkipWithError("the month isn't whole");
     }
-    form.drawingSurface = form.Picture1;
+    form.DrawOn(*test::Named<PlotPicture>(form, QStringLiteral("Picture1")));
 }
 
 void BM_AfficherMoisOnPicture1(benchmark::State& state) {
@@ -112,7 +120,7 @@ void BM_ReportOnRecording(benchmark::State& state) {
     Station& station = Station::Instance();
     StatistiqueMensuelle& form = station.form();
     auto page = std::make_shared<RecordingSurface>();
-    form.Printer = [page] {
+    station.printer().pages = [page] {
         page->Clear();
         return page;
     };
@@ -128,7 +136,7 @@ void BM_ReportToPdf(benchmark::State& state) {
     Station& station = Station::Instance();
     StatistiqueMensuelle& form = station.form();
     const QString pdf = station.Folder() + QStringLiteral("/report.pdf");
-    form.Printer = [pdf] { return std::make_shared<PrinterSurface>(pdf); };
+    station.printer().pages = [pdf] { return std::make_shared<PrinterSurface>(pdf); };
     int n = 0;
     for (auto _ : state) {
         station.Select(n++);

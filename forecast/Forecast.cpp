@@ -1,9 +1,9 @@
 #include "Forecast.h"
 
 #include "ForecastForm.h"
-#include "Form1.h"
 #include "Forms.h"
 #include "Log.h"
+#include "PageFetcher.h"
 #include "Promo.h"
 
 namespace skelda {
@@ -19,21 +19,15 @@ public:
     explicit FenetrePrevision(Forms& forms) : forms_(forms) {}
     void Montrer() override { forms_.Widget<ForecastForm>().show(); }
     void Bloc(int Numero, const QString& Titre, const QString& Corps) override {
-        ForecastForm& form = forms_.Get<ForecastForm>();
-        form.Texte(Numero)->SetCaption(Corps);
-        form.Titre(Numero)->SetCaption(Titre);
+        forms_.Get<ForecastForm>().EcrireBloc(Numero, Titre, Corps);
     }
 
 private:
     Forms& forms_;
 };
 
-// Fetches a page into Form1's wwwsource and gives what the field holds.
-QString Recevoir(Forms& forms, const QString& url) {
-    Form1& f = forms.Get<Form1>();
-    f.wwwsource->SetText(f.Inet1.OpenURL(url));
-    return f.wwwsource->Text();
-}
+// Fetches a page into the main window's hidden field and gives what the field holds.
+QString Recevoir(Forms& forms, const QString& url) { return forms.Get<PageFetcher>().Recevoir(url); }
 
 }  // namespace
 
@@ -63,7 +57,7 @@ void AfficherNouvelles(const QString& /*Inutile*/, Forms& forms) {
     const ServerAddress& serveur = forms.services().newsServer;
     const QString page = Recevoir(forms, AdressePage(serveur.host, serveur.port, QStringLiteral("/Skelda/promo.html")));
     // The first touch of promo loads it, and its load writes the time of loading.
-    forms.Get<Promo>().Label1->SetCaption(page);
+    forms.Get<Promo>().AfficherPage(page);
     forms.Widget<Promo>().show();
     // Set last: a fetch that failed above doesn't count as seen, and the next poll tries again.
     forms.module1().NouvellesVues = QStringLiteral("vu");

@@ -1,5 +1,6 @@
 // The forecast and the news: the two procedures that fetch a page with the main window's
-// page-fetch control and show it, the one taken apart, the other as it comes.
+// page-fetch control (through PageFetcher) and show it, the one taken apart, the other as it
+// comes.
 #pragma once
 
 #include "ForecastParser.h"

@@ -91,6 +91,11 @@ void ForecastForm::closeEvent(QCloseEvent* event) {
     event->accept();
 }
 
+void ForecastForm::EcrireBloc(int Numero, const QString& Titre, const QString& Corps) {
+    textes_.at(Numero)->SetCaption(Corps);
+    titres_.at(Numero)->SetCaption(Titre);
+}
+
 void ForecastForm::SetNomvilleaeroport(const QString& text) { Nomvilleaeroport->SetCaption(text); }
 
 void ForecastForm::ChargerPrevision(QString& Code) { skelda::ChargerPrevision(Code, forms_); }

@@ -11,6 +11,7 @@
 #include <QWidget>
 
 #include <array>
+#include <string_view>
 
 namespace skelda {
 
@@ -19,10 +20,29 @@ class Forms;
 class ForecastForm : public QWidget, public ForecastWindow {
     Q_OBJECT
 public:
+    // The library the form belongs to: the others reach it through its interfaces only.
+    static constexpr std::string_view Library = "forecast";
+
     // Builds the form with its controls at their design places, all captions blank. The platform
     // chooses where the window goes; it isn't shown until asked.
     explicit ForecastForm(Forms& forms, QWidget* parent = nullptr);
 
+    // Writes block Numero (0 to 5) of the grid: its text Corps (Label1..Label6), then its heading
+    // Titre (titre1..titre6).
+    void EcrireBloc(int Numero, const QString& Titre, const QString& Corps);
+
+    // Unloads the form: what was written goes with it.
+    void Command1_Click();
+
+    // ForecastWindow
+    void SetNomvilleaeroport(const QString& text) override;
+    void ChargerPrevision(QString& Code) override;
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    // ---- Controls, under their design names.
     Label* Nomvilleaeroport = nullptr;
     Label* titre1 = nullptr;
     Label* titre2 = nullptr;
@@ -42,21 +62,6 @@ public:
     QFrame* temp4 = nullptr;
     QPushButton* Command1 = nullptr;  // "Close"
 
-    // Block Numero (0 to 5) of the grid: heading titre1..titre6 and text Label1..Label6.
-    Label* Titre(int Numero) const { return titres_.at(Numero); }
-    Label* Texte(int Numero) const { return textes_.at(Numero); }
-
-    // Unloads the form: what was written goes with it.
-    void Command1_Click();
-
-    // ForecastWindow
-    void SetNomvilleaeroport(const QString& text) override;
-    void ChargerPrevision(QString& Code) override;
-
-protected:
-    void closeEvent(QCloseEvent* event) override;
-
-private:
     void BuildControls();
     Forms& forms_;
     std::array<Label*, 6> titres_{};

@@ -42,6 +42,8 @@ Promo::Promo(Forms& forms, QWidget* parent) : QWidget(parent), forms_(forms) {
     Form_Load();
 }
 
+void Promo::AfficherPage(const QString& page) { Label1->SetCaption(page); }
+
 // The present moment in the general format of date values, which leaves out a time of exactly
 // midnight.
 void Promo::Form_Load() { Label2->SetCaption(NowText(forms_.services().clock)); }

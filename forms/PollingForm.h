@@ -1,7 +1,11 @@
-// What the airport forms ask of the main window: its poll timer T, which stays off while table
-// Aéroports is being changed, and its airport list List1, refilled (with TableIDA) once the change
-// is stored. The poll cycle reads both, so they change together, with no poll running.
+// What the other forms ask of the main window. The airport forms: its poll timer T, which stays
+// off while table Aéroports is being changed, and its airport list List1, refilled (with
+// TableIDA) once the change is stored; the poll cycle reads both, so they change together, with
+// no poll running. The start form: T, the first poll, and the Tag that marks the window as asked
+// for. The window itself is Forms::Widget<PollingForm>().
 #pragma once
+
+#include <QString>
 
 namespace skelda {
 
@@ -15,6 +19,10 @@ public:
     // airport selected (which redraws the window). Failures of the database, and the 102nd active
     // airport that TableIDA has no room for, reach the caller.
     virtual void ChargerAeroportsList1() = 0;
+    // Starts one poll of the airport selected in List1, as a double click in the list does.
+    virtual void Connect() = 0;
+    // The window's Tag: "VISIBLE" marks it as asked for, and the next tick of T protects itself.
+    virtual void SetTag(const QString& tag) = 0;
 };
 
 }  // namespace skelda

@@ -3,10 +3,12 @@
 // another, and every input taken as one packet of a reply. The reception must never fail: a
 // failure that escapes it, or a run-time error box, ends the run as a crash, and the sanitizers
 // watch the rest (the decoder, the labels, the dial, the row written, the chart redrawn).
-#include "Acquisition.h"
 #include "Form1.h"
 #include "Forms.h"
 #include "MessageBoxes.h"
+#include "NotificationArea.h"
+#include "PollCycle.h"
+#include "Printer.h"
 #include "Random.h"
 #include "RunTime.h"
 #include "SeedDatabase.h"
@@ -89,7 +91,7 @@ public:
         picture.fill(Qt::blue);
         picture.save(QStringLiteral("Images/METEO2.BMP"), "BMP");
 
-        forms_.Provide<Form1>(&LoadForm1WithPollCycle);
+        ProvideMainWindow(forms_);
         forms_.Provide<CaptionOnly>([](Forms&) { return new CaptionOnly; });
         forms_.ProvideAs<TrayForm, CaptionOnly>();
         form_ = &forms_.Get<Form1>();
@@ -109,7 +111,12 @@ private:
     FixedRandom random_;
     NoBoxes boxes_;
     RunTimeGuard guard_{boxes_, [](int number) { NoBoxes::Crash("the end of the program", QString::number(number)); }};
-    Services services_{clock_, random_, boxes_, guard_, {QStringLiteral("127.0.0.1"), 9}, {}, {}, store_.path()};
+    // Nothing prints and nothing quits here; the start form, whose icon this is, isn't loaded.
+    SystemPrinter printer_;
+    SystemProcessEnd processEnd_;
+    DesktopNotificationArea notificationArea_;
+    Services services_{clock_,        random_,  boxes_,      guard_,           {QStringLiteral("127.0.0.1"), 9}, {}, {},
+                       store_.path(), printer_, processEnd_, notificationArea_};
     Forms forms_{services_};
     Form1* form_ = nullptr;
 };
@@ -149,7 +156,7 @@ extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv) {
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     // The socket's bytes become the reply's text one character each, as the socket gives them.
-    skelda::IngererReponse(skelda::station->form(),
-                           QString::fromLatin1(reinterpret_cast<const char*>(data), qsizetype(size)));
+    skelda::station->form().Cycle().IngererReponse(
+        QString::fromLatin1(reinterpret_cast<const char*>(data), qsizetype(size)));
     return 0;
 }

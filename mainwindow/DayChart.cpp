@@ -130,7 +130,7 @@ void Form1::TracerCourbe() {
     // Nothing until the window is loaded: the click events that filling the lists raises draw
     // nothing.
     if (!ChargementFini) return;
-    Surface& surface = *drawingSurface;
+    Surface& surface = *drawingSurface_;
     // Clear the chart and its slots.
     surface.Cls();
     for (int i = 0; i < int(FKNT.size()); ++i) {

@@ -6,11 +6,12 @@
 #include "Airports.h"
 #include "Convert.h"
 #include "ForecastWindow.h"
+#include "FormParts.h"
 #include "Forms.h"
 #include "Log.h"
+#include "PollCycle.h"
 #include "Regional.h"
 #include "RunTime.h"
-#include "SurfacePainting.h"
 #include "TrayForm.h"
 #include "Window.h"
 
@@ -26,29 +27,15 @@ namespace {
 constexpr int vbFormControlMenu = 0;  // the user closed the window
 constexpr int vbFormCode = 1;         // the program asked it to close
 constexpr int vbAppWindows = 2;       // the session of the desktop is ending
-
-void PaintLine(QPainter& painter, const LineControl& line) {
-    if (!line.Visible) return;
-    QPen pen(ToQColor(line.BorderColor), line.BorderWidth);
-    if (line.Dotted) pen.setStyle(Qt::DotLine);
-    painter.setPen(pen);
-    painter.drawLine(QPointF(line.X1 / TwipsPerPixel, line.Y1 / TwipsPerPixel),
-                     QPointF(line.X2 / TwipsPerPixel, line.Y2 / TwipsPerPixel));
-}
 }  // namespace
 
 Form1::Form1(Forms& forms) : forms_(forms) {
     BuildControls();
     WireEvents();
+    cycle_ = std::make_unique<PollCycle>(*this, forms_);
 }
 
 Form1::~Form1() = default;
-
-Form1* Form1::Load(Forms& forms) {
-    auto form = std::make_unique<Form1>(forms);
-    form->Form_Load();
-    return form.release();
-}
 
 QString Form1::DatabasePath() const { return forms_.services().applicationPath + QStringLiteral("/database.mdb"); }
 
@@ -189,7 +176,7 @@ void Form1::List1_MouseDown(int Button, int /*Shift*/, double /*X*/, double /*Y*
         return;
     }
     // No poll may start while the fetch blocks the window.
-    T.SetEnabled(false);
+    SetTEnabled(false);
     const int16_t numero = CInt(double(List1->ItemData(List1->ListIndex())));
     BaseReleves = OpenDatabase(DatabasePath());
     JeuReleves = BaseReleves.OpenRecordset(QStringLiteral("Aéroports"), dbOpenDynaset);
@@ -212,7 +199,7 @@ void Form1::List1_MouseDown(int Button, int /*Shift*/, double /*X*/, double /*Y*
     BaseReleves.Close();
     JeuReleves = Recordset();
     BaseReleves = Database();
-    T.SetEnabled(true);
+    SetTEnabled(true);
 }
 
 void Form1::TestPrevision() {

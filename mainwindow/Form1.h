@@ -1,103 +1,80 @@
-// Form1: Skelda's main window, and the owner of the acquisition machinery (its timers and its
-// socket). It loads at start, stays loaded for the whole run, and is only ever hidden and shown.
+// Form1: Skelda's main window, and the owner of the acquisition machinery (its poll cycle, with
+// the timers and the socket). It loads at start, stays loaded for the whole run, and is only ever
+// hidden and shown.
 //
 // The form is itself a drawing surface (the day chart is drawn on it, in twips). Every control
 // carries its design name as its objectName; array elements are named "FKNT(12)".
 #pragma once
 
-#include "Bulletin.h"
 #include "Controls.h"
 #include "Dao.h"
+#include "FormParts.h"
 #include "HiddenTextBox.h"
 #include "Images.h"
 #include "Inet.h"
 #include "Module1.h"
+#include "PageFetcher.h"
+#include "PollWindow.h"
 #include "PollingForm.h"
 #include "SessionEnd.h"
 #include "SurfaceWidget.h"
-#include "Winsock.h"
 
 #include <QGroupBox>
 
 #include <array>
 #include <cstdint>
 #include <map>
+#include <memory>
+#include <string_view>
 
 namespace skelda {
 
 class Forms;
+class PollCycle;
 class RunTimeGuard;
+struct Form1Builder;
 
-class Form1 : public SurfaceWidget, public PollingForm {
+class Form1 : public SurfaceWidget, public PollingForm, public PollWindow, public PageFetcher {
     Q_OBJECT
 public:
-    // Builds the form with all its controls at their design places; nothing is read yet.
+    // The library the form belongs to: the others reach it through its interfaces only.
+    static constexpr std::string_view Library = "mainwindow";
+
+    // Builds the form with all its controls at their design places, and its poll cycle; nothing
+    // is read yet.
     explicit Form1(Forms& forms);
     ~Form1() override;
 
     // Loading the form: builds it and runs Form_Load, as the first touch of Form1 does. This is
     // the maker that the program gives to Forms::Provide. A failure of Form_Load (a missing
     // database, say) reaches the caller, and the half-loaded form is dropped.
-    static Form1* Load(Forms& forms);
+    static Form1* Load(Forms& forms) { return LoadForm<Form1>(forms); }
 
     Forms& forms() const { return forms_; }
 
-    // ---- Controls, under their design names.
-    QGroupBox* Frame4 = nullptr;  // "Aiarport"
-    ListBox* List1 = nullptr;
-    ComboBox* ChoixDate = nullptr;
-    QGroupBox* Frame1 = nullptr;  // "Wind & &Temp."
-    Label* TXTtitre = nullptr;
-    QGroupBox* LeBulletin = nullptr;  // "Prévisions :"
-    Label* TXTbulletin = nullptr;
-    Label* Label1 = nullptr;
-    Label* Label2 = nullptr;
-    Label* Label3 = nullptr;
-    Label* Label6 = nullptr;
-    Label* TXTforce = nullptr;
-    SurfaceWidget* PV = nullptr;
-    std::array<Label*, 4> TxtDir{};
-    Label* Label4 = nullptr;
-    Label* Label5 = nullptr;
-    Label* Label7 = nullptr;
-    Label* Label11 = nullptr;
-    Label* Label12 = nullptr;
-    std::array<Label*, 48> FKNT{};
+    // ---- The line controls of the chart and its image list, in twips.
     LineControl MaxFKNT;
     LineControl Line1015;
-    std::array<Label*, 24> Label8{};
-    std::array<Label*, 11> Label9{};
-    std::array<Label*, 3> Label10{};
     std::map<int, LineControl> Line1;  // indices 0 to 8, 11, 16
     std::array<LineControl, 48> Vline{};
-    std::array<Image*, 24> ICO{};
     ImageList ImageList2;
-    PictureBox* Picture1 = nullptr;
-    QWidget* Shape1 = nullptr;
-    QWidget* Shape2 = nullptr;
-    HiddenTextBox* wwwsource = nullptr;  // the text of a fetched page, never shown
-    Inet Inet1;
-    Winsock W;
-    Timer T{1000, false};
-    Timer TimerWinsock{20000, false};
+
+    // The poll cycle, which owns the timers T and TimerWinsock and the socket W (children of the
+    // form under those names) and the counters kept between their events.
+    PollCycle& Cycle() const { return *cycle_; }
 
     // ---- Form-level values.
-    QString Tag;  // "VISIBLE", "VU", "MASQUE", or "" before the window was first asked for
-    float AngleZefir = 0;
-    int16_t IndexReleve = 0;
+    QString Tag;                 // "VISIBLE", "VU", "MASQUE", or "" before the window was first asked for
     int16_t ChargementFini = 0;  // -1 once Form_Load has filled both lists
-    QString ReponseBrute;
     Database BaseReleves;
     Recordset JeuReleves;
-    Bulletin BulletinCourant;
-    int16_t SecondesAttente = 0;  // kept between ticks of T
-    int16_t SecondesHeure = 0;
     int16_t DerniereColonne = 0;  // kept between calls of Form_MouseMove
     int16_t DernierIndex = 0;     // kept between calls of FKNT_MouseMove
 
-    // Where TracerCourbe draws its chart: the form itself, unless a test watches the drawing
-    // through another surface.
-    Surface* drawingSurface = this;
+    // Where TracerCourbe draws its chart from now on: the form itself from the start, or a surface
+    // through which a test watches the drawing. The surface must outlive the form or the next call.
+    void DrawOn(Surface& surface) { drawingSurface_ = &surface; }
+    Surface& DrawingSurface() const { return *drawingSurface_; }
 
     // ---- Procedures of the form.
     // The start of the whole system: the wind colours, "Skelda Starting" in the log, the window
@@ -141,14 +118,32 @@ public:
     void TestPrevision();
     // The caption of the window (its title).
     QString Caption() const { return windowTitle(); }
-    void SetCaption(const QString& text) { setWindowTitle(text); }
+    void SetCaption(const QString& text) override { setWindowTitle(text); }
     // The path of database.mdb beside the program.
-    QString DatabasePath() const;
+    QString DatabasePath() const override;
 
-    // What the airport forms ask: T, and the refill of List1.
-    bool TEnabled() const override { return T.Enabled(); }
-    void SetTEnabled(bool enabled) override { T.SetEnabled(enabled); }
+    // What the other forms ask (PollingForm): T, the refill of List1, a poll, the Tag.
+    bool TEnabled() const override;
+    void SetTEnabled(bool enabled) override;
     void ChargerAeroportsList1() override;
+    void Connect() override;
+    QString TagFenetre() const override { return Tag; }
+    void SetTag(const QString& tag) override { Tag = tag; }
+
+    // What the poll cycle asks (PollWindow).
+    QWidget& Fenetre() override { return *this; }
+    ListBox& ListeAeroports() override { return *List1; }
+    void SetHorloges(const QString& locale, const QString& zulu) override;
+    QString Releve(ChampReleve champ) const override;
+    void SetReleve(ChampReleve champ, const QString& text) override;
+    void SetTitreReleve(const QString& text) override;
+    void DessinerCadran(ResumeNext& Step, const QString& OrientationDegre) override;
+    Database& Base() override { return BaseReleves; }
+    Recordset& Jeu() override { return JeuReleves; }
+    void ChoisirDateRecente() override;
+
+    // What the forecast and the news ask (PageFetcher): a page through Inet1 into wwwsource.
+    QString Recevoir(const QString& Url) override;
 
 protected:
     void closeEvent(QCloseEvent* event) override;  // Form_QueryUnload
@@ -157,10 +152,50 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    // ---- Controls, under their design names.
+    QGroupBox* Frame4 = nullptr;  // "Aiarport"
+    ListBox* List1 = nullptr;
+    ComboBox* ChoixDate = nullptr;
+    QGroupBox* Frame1 = nullptr;  // "Wind & &Temp."
+    Label* TXTtitre = nullptr;
+    QGroupBox* LeBulletin = nullptr;  // "Prévisions :"
+    Label* TXTbulletin = nullptr;
+    Label* Label1 = nullptr;
+    Label* Label2 = nullptr;
+    Label* Label3 = nullptr;
+    Label* Label6 = nullptr;
+    Label* TXTforce = nullptr;
+    SurfaceWidget* PV = nullptr;
+    std::array<Label*, 4> TxtDir{};
+    Label* Label4 = nullptr;
+    Label* Label5 = nullptr;
+    Label* Label7 = nullptr;
+    Label* Label11 = nullptr;
+    Label* Label12 = nullptr;
+    std::array<Label*, 48> FKNT{};
+    std::array<Label*, 24> Label8{};
+    std::array<Label*, 11> Label9{};
+    std::array<Label*, 3> Label10{};
+    std::array<Image*, 24> ICO{};
+    PictureBox* Picture1 = nullptr;
+    QWidget* Shape1 = nullptr;
+    QWidget* Shape2 = nullptr;
+    HiddenTextBox* wwwsource = nullptr;  // the text of a fetched page, never shown
+    Inet Inet1;
+
     RunTimeGuard& guard() const;
     void BuildControls();
     void WireEvents();
+    // The builder of the controls (Form1Controls.cpp) places them.
+    friend struct Form1Builder;
+    Label* ChampDuReleve(ChampReleve champ) const;
     Forms& forms_;
+    Surface* drawingSurface_ = this;
+    std::unique_ptr<PollCycle> cycle_;
 };
+
+// Tells Forms how the main window is made (Form1::Load), also as the PollingForm of the other
+// forms and the PageFetcher of the forecast and the news.
+void ProvideMainWindow(Forms& forms);
 
 }  // namespace skelda

@@ -10,6 +10,7 @@
 #include "Convert.h"
 #include "Forms.h"
 #include "MonthCurves.h"
+#include "Printer.h"
 #include "StatistiqueMensuelle.h"
 #include "SurfacePainting.h"
 #include "Text.h"
@@ -37,7 +38,7 @@ void StatistiqueMensuelle::MenuStatImprimer_Click() {
     try {
         // Nothing to print before the window has finished loading.
         if (!StatPrete) return;
-        page = Printer();
+        page = forms_.services().printer.NewPage();
         PageSurface& printer = *page;
         // The margin and the plot's size, measured before any font is set, so in the printer's
         // default.

@@ -44,7 +44,7 @@ void StatistiqueMensuelle::AfficherMois() {
     // Nothing until the window is loaded: the load's own clicks draw nothing.
     if (!StatPrete) return;
     ResumeNext step;
-    Surface& surface = *drawingSurface;
+    Surface& surface = *drawingSurface_;
     const PaletteForceTable& PaletteForce = forms_.module1().PaletteForce;
     const auto curves = MonthCurves(MonthMedium::Screen);
     std::array<CurvePoint, 6> points{};
@@ -87,7 +87,7 @@ void StatistiqueMensuelle::AfficherMois() {
 
     // One pass per row.
     for (;;) {
-        if (PassageDeBoucle) PassageDeBoucle();
+        if (passageDeBoucle_) passageDeBoucle_();
         bool fin = false;
         bool teste = false;
         step([&] {

@@ -1,6 +1,7 @@
 #include "StatisticsControls.h"
 
 #include "Failure.h"
+#include "FormParts.h"
 #include "RunTime.h"
 #include "SurfacePainting.h"
 
@@ -35,14 +36,7 @@ PlotPicture::PlotPicture(QWidget* parent) : SurfaceWidget(parent) {}
 void PlotPicture::paintEvent(QPaintEvent* event) {
     SurfaceWidget::paintEvent(event);
     QPainter painter(this);
-    for (const LineControl* line : lines) {
-        if (!line->Visible) continue;
-        QPen pen(ToQColor(line->BorderColor), line->BorderWidth);
-        if (line->Dotted) pen.setStyle(Qt::DotLine);
-        painter.setPen(pen);
-        painter.drawLine(QPointF(line->X1 / TwipsPerPixel, line->Y1 / TwipsPerPixel),
-                         QPointF(line->X2 / TwipsPerPixel, line->Y2 / TwipsPerPixel));
-    }
+    for (const LineControl* line : lines) PaintLine(painter, *line);
     painter.setPen(QPen(ToQColor(shapeColour), 1));
     painter.setBrush(Qt::NoBrush);
     for (const QRect* shape : shapes) {

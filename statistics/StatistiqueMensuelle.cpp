@@ -6,8 +6,8 @@
 #include "Artwork.h"
 #include "Convert.h"
 #include "Failure.h"
+#include "FormParts.h"
 #include "Forms.h"
-#include "PrinterSurface.h"
 #include "RunTime.h"
 #include "SurfacePainting.h"
 #include "Text.h"
@@ -34,30 +34,10 @@ constexpr Color Red = RGB(255, 0, 0);
 constexpr Color Navy = RGB(0, 0, 128);
 constexpr Color Olive = RGB(128, 128, 0);
 
-// A colour of a control: its text (WindowText) or its own background (Window), which a label
-// shows only when it isn't transparent.
-void SetColour(QWidget* w, QPalette::ColorRole role, Color colour) {
-    QPalette p = w->palette();
-    p.setColor(role, ToQColor(colour));
-    w->setPalette(p);
-    if (role == QPalette::Window) w->setAutoFillBackground(true);
-}
-
 QFont Arial(double points) {
     QFont f(QStringLiteral("Arial"));
     f.setPointSizeF(points);
     return f;
-}
-
-Label* NewLabel(QWidget* parent, const QString& name, const QString& caption, double left, double top, double width,
-                double height, Qt::Alignment align = Qt::AlignLeft | Qt::AlignTop) {
-    auto* label = new Label(parent);
-    label->setObjectName(name);
-    label->setTextFormat(Qt::PlainText);
-    label->setAlignment(align);
-    label->SetCaption(caption);
-    Place(label, left, top, width, height);
-    return label;
 }
 
 ListBox* NewList(QWidget* parent, const char* name, double left, double top, double width, double height) {
@@ -67,23 +47,12 @@ ListBox* NewList(QWidget* parent, const char* name, double left, double top, dou
     return list;
 }
 
-LineControl NewLine(double x1, double y1, double x2, double y2, Color colour, bool dotted = false) {
-    LineControl line;
-    line.X1 = x1;
-    line.Y1 = y1;
-    line.X2 = x2;
-    line.Y2 = y2;
-    line.BorderColor = colour;
-    line.Dotted = dotted;
-    return line;
-}
-
 // A label of the scales beside the plot: Arial 6.75, transparent.
 Label* ScaleLabel(QWidget* parent, const QString& name, const QString& caption, double left, double top, Color colour,
                   Qt::Alignment align) {
     Label* label = NewLabel(parent, name, caption, left, top, 495, 195, align | Qt::AlignVCenter);
     label->setFont(Arial(6.75));
-    SetColour(label, QPalette::WindowText, colour);
+    SetForeColour(label, colour);
     return label;
 }
 
@@ -93,16 +62,14 @@ StatistiqueMensuelle::StatistiqueMensuelle(Forms& forms) : forms_(forms) {
     BuildControls();
     BuildMenu();
     WireEvents();
-    drawingSurface = Picture1;
-    Printer = [] { return std::make_shared<PrinterSurface>(); };
+    drawingSurface_ = Picture1;
 }
 
 StatistiqueMensuelle::~StatistiqueMensuelle() = default;
 
-StatistiqueMensuelle* StatistiqueMensuelle::Load(Forms& forms) {
-    auto form = std::make_unique<StatistiqueMensuelle>(forms);
-    form->Form_Load();
-    return form.release();
+void ProvideMonthWindow(Forms& forms) {
+    forms.Provide<StatistiqueMensuelle>(&StatistiqueMensuelle::Load);
+    forms.ProvideAs<MonthWindow, StatistiqueMensuelle>();
 }
 
 QString StatistiqueMensuelle::DatabasePath() const {
@@ -139,12 +106,14 @@ void StatistiqueMensuelle::BuildControls() {
     f.setPointSizeF(8.25);
     Client->setFont(f);
 
-    Label1 = NewLabel(Client, QStringLiteral("Label1"), QStringLiteral("Airport"), 120, 60, 1335, 255);
+    Label1 = NewLabel(Client, QStringLiteral("Label1"), QStringLiteral("Airport"), 120, 60, 1335, 255,
+                      Qt::AlignLeft | Qt::AlignTop);
     Aeroports = NewList(Client, "Aeroports", 60, 300, 2055, 1035);
     Aeroports->AddItem(QStringLiteral("Aeroports"));
     Annee = NewList(Client, "Année", 840, 1800, 1275, 255);
     for (const char* year : {"2003", "2004", "2005"}) Annee->AddItem(QLatin1String(year));
-    Label2 = NewLabel(Client, QStringLiteral("Label2"), QStringLiteral("Mois"), 120, 1980, 1335, 255);
+    Label2 = NewLabel(Client, QStringLiteral("Label2"), QStringLiteral("Mois"), 120, 1980, 1335, 255,
+                      Qt::AlignLeft | Qt::AlignTop);
     Mois = NewList(Client, "Mois", 60, 2160, 2055, 2010);
     for (const char* month : {"January", "Febuary", "March", "April", "May", "June", "July", "August", "Septemberr",
                               "October", "November", "Décember"})
@@ -191,11 +160,12 @@ void StatistiqueMensuelle::BuildControls() {
         // Neighbours overlap by 15: each cell is 255 wide, 240 apart.
         Jour[i] = NewLabel(Picture1, Indexed("Jour", i), QString(), 240 * (i - 1), 5280, 255, 255, Qt::AlignCenter);
         Jour[i]->setFont(Arial(8.25));
-        SetColour(Jour[i], QPalette::Window, RGB(224, 224, 224));
+        SetBackColour(Jour[i], RGB(224, 224, 224));
         Jour[i]->setMouseTracking(true);
     }
-    Bulletin = NewLabel(Picture1, QStringLiteral("Bulletin"), QString(), 60, 60, 2055, 2295);
-    SetColour(Bulletin, QPalette::Window, RGB(192, 255, 255));
+    Bulletin =
+        NewLabel(Picture1, QStringLiteral("Bulletin"), QString(), 60, 60, 2055, 2295, Qt::AlignLeft | Qt::AlignTop);
+    SetBackColour(Bulletin, RGB(192, 255, 255));
     // A day's longest line ("Secteur West North West °") fits the label's width in this size.
     Bulletin->setFont(Arial(7.5));
     Bulletin->setFrameShape(QFrame::Box);

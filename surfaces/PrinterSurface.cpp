@@ -1,5 +1,7 @@
 #include "PrinterSurface.h"
 
+#include "Printer.h"
+
 #include <QFontMetricsF>
 #include <QGuiApplication>
 #include <QPainter>
@@ -40,6 +42,8 @@ PrinterSurface::PrinterSurface(const QString& pdfFile)
 }
 
 PrinterSurface::~PrinterSurface() = default;
+
+std::shared_ptr<PageSurface> SystemPrinter::NewPage() { return std::make_shared<PrinterSurface>(); }
 
 double PrinterSurface::DevicePerTwip() const { return printer_->resolution() / TwipsPerInch; }
 

@@ -7,6 +7,7 @@
 #include <QWidget>
 
 #include <cstdint>
+#include <string_view>
 
 class QLabel;
 class QPlainTextEdit;
@@ -21,6 +22,9 @@ namespace skelda {
 class FormMetaf : public QWidget {
     Q_OBJECT
 public:
+    // The library the form belongs to: the others reach it through its interfaces only.
+    static constexpr std::string_view Library = "tray";
+
     // Takes the database's folder (applicationPath) and the clock from services; shows the form.
     explicit FormMetaf(const Services& services, QWidget* parent = nullptr);
 
@@ -36,11 +40,12 @@ public:
     // control calls it.
     void VerifierMetaf();
 
+private:
+    // ---- Controls, under their design names.
     QLabel* Label1;
     QPlainTextEdit* Text1;
     QPushButton* Command2;
 
-private:
     void Form_Load();
     void Text1_Change();
     void Command2_Click();

@@ -5,30 +5,24 @@
 #include <QCursor>
 #include <QLabel>
 #include <QMenu>
-#include <cstdlib>
-#include <memory>
 
-#include "Acquisition.h"
-#include "AeroportsConfig.h"
 #include "Convert.h"
-#include "Form1.h"
 #include "FormMetaf.h"
 #include "Forms.h"
 #include "Images.h"
 #include "Log.h"
+#include "MenuWindows.h"
+#include "NotifyIcon.h"
+#include "PollingForm.h"
 #include "ResumeNext.h"
 #include "RunTime.h"
 #include "StartUpPicture.h"
-#include "StatistiqueMensuelle.h"
 #include "Text.h"
 
 namespace skelda {
 
 namespace {
 
-constexpr int NIM_ADD = 0;
-constexpr int NIM_MODIFY = 1;
-constexpr int NIM_DELETE = 2;
 constexpr int TailleTip = 64;  // the tip field's fixed width, in characters
 
 // The record's fixed-width tip field: the text from the left, cut to the field, blanks behind.
@@ -37,10 +31,6 @@ QString ChampTip(const QString& texte) { return texte.left(TailleTip).leftJustif
 }  // namespace
 
 FrmIcone::FrmIcone(Forms& forms) : forms_(forms) {
-    // The process ends at once, as the run time's End does: no form unloads, nothing is closed.
-    // The log line was written and closed before.
-    TerminerProcessus = [] { std::_Exit(0); };
-    Shell_NotifyIconA = [this](int dwMessage) { ZoneDeNotification(dwMessage); };
     BuildControls();
     BuildMenu();
     WireEvents();
@@ -48,10 +38,10 @@ FrmIcone::FrmIcone(Forms& forms) : forms_(forms) {
 
 FrmIcone::~FrmIcone() = default;
 
-FrmIcone* FrmIcone::Load(Forms& forms) {
-    auto form = std::make_unique<FrmIcone>(forms);
-    form->Form_Load();
-    return form.release();
+void ProvideTrayForms(Forms& forms) {
+    forms.Provide<FrmIcone>(&FrmIcone::Load);
+    forms.ProvideAs<TrayForm, FrmIcone>();
+    forms.Provide<FormMetaf>([](Forms& f) { return new FormMetaf(f.services()); });
 }
 
 void FrmIcone::BuildControls() {
@@ -99,15 +89,14 @@ RunTimeGuard& FrmIcone::guard() const { return forms_.services().guard; }
 void FrmIcone::WireEvents() {
     On(guard(), &Timer1, &Timer::Tick, this, [this] { Timer1_Timer(); });
     // Unlike ZefirDemand, the menu's item leaves Form1's Tag as it is.
-    On(guard(), MenuCourbe, &QAction::triggered, this, [this] { forms_.Get<Form1>().show(); });
+    On(guard(), MenuCourbe, &QAction::triggered, this, [this] { forms_.Widget<PollingForm>().show(); });
     // The monthly window loads at this first touch and shows without holding the menu.
-    On(guard(), MenuStatistiqueMensuelle, &QAction::triggered, this,
-       [this] { forms_.Get<StatistiqueMensuelle>().show(); });
+    On(guard(), MenuStatistiqueMensuelle, &QAction::triggered, this, [this] { forms_.Widget<MonthWindow>().show(); });
     // No poll while the airports are being chosen: the selection form starts T again when it
     // unloads. Not modal: the menu comes back at once.
     On(guard(), MenuAeroport, &QAction::triggered, this, [this] {
-        forms_.Get<Form1>().T.SetEnabled(false);
-        forms_.Widget<AeroportsConfig>().show();
+        forms_.Get<PollingForm>().SetTEnabled(false);
+        forms_.Widget<AirportsWindow>().show();
     });
     // Should the item ever be enabled, the hand-entry form loads, which shows it.
     On(guard(), MenuMetaf, &QAction::triggered, this, [this] { forms_.Get<FormMetaf>().show(); });
@@ -118,10 +107,10 @@ void FrmIcone::Form_Load() {
     // The main window's icon, for the start-up screen. This first touch of Form1 loads it and runs
     // its whole Form_Load, so the log line "Skelda Starting", the database reads and the first
     // chart come before the icon.
-    Form1& form1 = forms_.Get<Form1>();
+    QWidget& form1 = forms_.Widget<PollingForm>();
     Image1->SetPicture(form1.windowIcon().pixmap(QSize(64, 64)));
     // No poll before the start is over.
-    form1.T.SetEnabled(false);
+    forms_.Get<PollingForm>().SetTEnabled(false);
     // Out of the task list: the start form is a tool window.
     setWindowFlag(Qt::Tool, true);
     // Add the icon to the notification area, with the tip "Skelda".
@@ -157,11 +146,11 @@ void FrmIcone::NewTitle(QString& titre) {
 }
 
 void FrmIcone::ZefirDemand() {
-    Form1& form1 = forms_.Get<Form1>();
+    QWidget& form1 = forms_.Widget<PollingForm>();
     form1.show();
     form1.raise();
     form1.activateWindow();
-    form1.Tag = QStringLiteral("VISIBLE");
+    forms_.Get<PollingForm>().SetTag(QStringLiteral("VISIBLE"));
 }
 
 void FrmIcone::Quitter_Click() {
@@ -179,7 +168,7 @@ void FrmIcone::Quitter_Click() {
     // Log the end.
     step([&] { EcrireLog(QStringLiteral("Skelda Terminated"), forms_.services().clock); });
     // End the process at once, without unloading any form.
-    step([&] { TerminerProcessus(); });
+    step([&] { forms_.services().processEnd.End(0); });
 }
 
 void FrmIcone::Timer1_Timer() {
@@ -188,10 +177,10 @@ void FrmIcone::Timer1_Timer() {
         Timer1.SetInterval(10000);
         hide();
         Menu->menuAction()->setVisible(true);
-        Form1& form1 = forms_.Get<Form1>();
-        form1.T.SetEnabled(true);
+        PollingForm& form1 = forms_.Get<PollingForm>();
+        form1.SetTEnabled(true);
         // The first poll, for the preferred airport selected by Form1's load.
-        Connect(form1);
+        form1.Connect();
         return;
     }
     // Every 10 seconds, changed or not. Until the first reception the caption is the design
@@ -200,41 +189,16 @@ void FrmIcone::Timer1_Timer() {
     NewTitle(titre);
 }
 
-QString FrmIcone::TipText() const {
-    // Qt's tip is a text, not a fixed field: it ends at a NUL, and the field's blanks and the
-    // line end before them, which would show as an empty line, aren't part of it.
-    QString tip = IconeNotif.szTip;
-    const qsizetype nul = tip.indexOf(QChar(u'\0'));
-    if (nul >= 0) tip.truncate(nul);
-    while (!tip.isEmpty() && (tip.back() == u' ' || tip.back() == u'\r' || tip.back() == u'\n')) tip.chop(1);
-    return tip;
+void FrmIcone::Shell_NotifyIconA(int dwMessage) {
+    forms_.services().notificationArea.Shell_NotifyIconA(dwMessage, IconeNotif);
 }
 
-void FrmIcone::ZoneDeNotification(int dwMessage) {
-    // The notification area's answers aren't looked at, and a desktop without one gets no icon.
-    switch (dwMessage) {
-        case NIM_ADD:
-            if (!QSystemTrayIcon::isSystemTrayAvailable()) return;
-            if (Icone == nullptr) {
-                Icone = new NotifyIcon(this);
-                Icone->setObjectName(QStringLiteral("IconeNotif"));
-                // Every message of the icon comes to Form_MouseMove in X, in twips.
-                On(guard(), Icone, &NotifyIcon::Message, this,
-                   [this](int32_t message) { Form_MouseMove(0, 0, double(message) * TwipsPerPixel, 0); });
-            }
-            Icone->setIcon(IconeNotif.hIcon);
-            Icone->setToolTip(TipText());
-            Icone->Show();
-            break;
-        case NIM_MODIFY:
-            if (Icone != nullptr) Icone->setToolTip(TipText());
-            break;
-        case NIM_DELETE:
-            if (Icone != nullptr) Icone->hide();
-            break;
-        default:
-            break;
-    }
+bool FrmIcone::event(QEvent* event) {
+    if (event->type() != IconMessageEvent::EventType()) return QWidget::event(event);
+    // Every message of the icon comes to Form_MouseMove in X, in twips.
+    const int32_t message = static_cast<IconMessageEvent*>(event)->Message();
+    guard().Handle([&] { Form_MouseMove(0, 0, double(message) * TwipsPerPixel, 0); });
+    return true;
 }
 
 }  // namespace skelda

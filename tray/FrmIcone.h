@@ -10,10 +10,11 @@
 #include <QString>
 #include <QWidget>
 #include <cstdint>
-#include <functional>
+#include <string_view>
 
 #include "Controls.h"
-#include "NotifyIcon.h"
+#include "FormParts.h"
+#include "NotificationArea.h"
 #include "TrayForm.h"
 
 class QAction;
@@ -26,54 +27,24 @@ class Forms;
 class Image;
 class RunTimeGuard;
 
-// What the notification area is told about the icon, field by field.
-struct NotifyIconData {
-    uint32_t cbSize = 0;
-    uintptr_t hWnd = 0;
-    uint32_t uID = 0;
-    uint32_t uFlags = 0;            // 7: message, icon and tip are valid
-    uint32_t uCallbackMessage = 0;  // 512: the icon's messages come as mouse moves
-    QIcon hIcon;
-    QString szTip;  // always 64 characters: the text from the left, blanks behind it
-};
-
 class FrmIcone : public QWidget, public TrayForm {
     Q_OBJECT
 public:
+    // The library the form belongs to: the others reach it through its interfaces only.
+    static constexpr std::string_view Library = "tray";
+
     // Builds the form with its controls; nothing else happens yet.
     explicit FrmIcone(Forms& forms);
     ~FrmIcone() override;
 
     // Loading the start form: builds it and runs Form_Load, which loads Form1 first. This is the
     // maker that the program gives to Forms::Provide. A failure of Form1's load reaches the caller.
-    static FrmIcone* Load(Forms& forms);
-
-    // ---- Controls, under their design names.
-    QLabel* Picture1 = nullptr;  // the start-up picture
-    Image* Image1 = nullptr;     // holds Form1's icon, the notification icon's picture
-    Timer Timer1{1000, true};
-    QMenu* Menu = nullptr;  // the popup menu, objectName "Menu"
-    QAction* MenuCourbe = nullptr;
-    QAction* MenuStatistiqueMensuelle = nullptr;
-    QAction* MenuAeroport = nullptr;
-    QAction* viewlog = nullptr;
-    QAction* MenuMetaf = nullptr;
-    QAction* MenuPrerences = nullptr;
-    QAction* Quit = nullptr;
-    // The notification icon itself; none where the desktop has no notification area.
-    NotifyIcon* Icone = nullptr;
+    static FrmIcone* Load(Forms& forms) { return LoadForm<FrmIcone>(forms); }
 
     // ---- Form-level values.
     NotifyIconData IconeNotif;
     int16_t FormIconeActif = 0;  // -1 while an icon message is being handled
     int32_t MessageSouris = 0;   // the last icon message decoded
-
-    // How the process ends at Quit: at once, without unloading any form. Tests replace it.
-    std::function<void()> TerminerProcessus;
-    // The notification area's one call: add (0), modify (1) or delete (2) the icon that
-    // IconeNotif describes; its answer isn't looked at. The default shows the desktop's icon,
-    // Icone, where there is a notification area. Tests may put another call in its place.
-    std::function<void(int dwMessage)> Shell_NotifyIconA;
 
     // ---- Procedures of the form.
     // Form1 loaded (through its icon), T stopped, out of the task list, the icon added with the
@@ -87,7 +58,8 @@ public:
     void NewTitle(QString& titre);
     // Shows Form1 and marks it "VISIBLE" for the next tick of T.
     void ZefirDemand();
-    // Removes the icon, logs "Skelda Terminated" and ends the process; no failure stops it.
+    // Removes the icon, logs "Skelda Terminated" and ends the process (the services' end, at
+    // once, without unloading any form); no failure stops it.
     void Quitter_Click();
     // The first tick ends the start; every later one copies the caption to the tip.
     void Timer1_Timer();
@@ -98,17 +70,38 @@ public:
     void PopupMenu() override;
     // The tip the notification area shows: the record's text up to its end (a NUL, or the
     // blanks that fill the field and the line end before them).
-    QString TipText() const;
+    QString TipText() const { return skelda::TipText(IconeNotif); }
+
+protected:
+    // The icon's messages, which the notification area sends to this window.
+    bool event(QEvent* event) override;
 
 private:
+    // ---- Controls, under their design names.
+    QLabel* Picture1 = nullptr;  // the start-up picture
+    Image* Image1 = nullptr;     // holds Form1's icon, the notification icon's picture
+    Timer Timer1{1000, true, this};
+    QMenu* Menu = nullptr;  // the popup menu, objectName "Menu"
+    QAction* MenuCourbe = nullptr;
+    QAction* MenuStatistiqueMensuelle = nullptr;
+    QAction* MenuAeroport = nullptr;
+    QAction* viewlog = nullptr;
+    QAction* MenuMetaf = nullptr;
+    QAction* MenuPrerences = nullptr;
+    QAction* Quit = nullptr;
+
     RunTimeGuard& guard() const;
     void BuildControls();
     void BuildMenu();
     void WireEvents();
-    // The desktop's notification area, behind Shell_NotifyIconA.
-    void ZoneDeNotification(int dwMessage);
+    // The notification area's one call, about the icon that IconeNotif describes.
+    void Shell_NotifyIconA(int dwMessage);
 
     Forms& forms_;
 };
+
+// Tells Forms how the tray's forms are made: FrmIcone, also as the others' TrayForm, and the
+// hand-entry form FormMetaf.
+void ProvideTrayForms(Forms& forms);
 
 }  // namespace skelda

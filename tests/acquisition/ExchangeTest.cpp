@@ -14,17 +14,17 @@ class Exchange : public AcquisitionFixture {};
 
 TEST_F(Exchange, TheServerReceivesExactlyTheRequestOfTheSelectedStation) {
     Form1& f = Form();
-    Connect(f);
+    f.Cycle().Connect();
     ASSERT_TRUE(server.WaitForRequests(1));
     EXPECT_EQ(server.Requests()[0], ExpectedRequest("LFPB"));
     EXPECT_EQ(server.Requests()[0],
               QByteArray("GET http://127.0.0.1/pub/data/observations/metar/stations/LFPB.TXT HTTP/1.0\r\n"
                          "Accept: */*\r\nAccept: text/html\r\n\r\n"));
-    EXPECT_TRUE(f.TimerWinsock.Enabled());
-    EXPECT_FALSE(f.List1->isEnabled());
+    EXPECT_TRUE(TimerWinsock(f).Enabled());
+    EXPECT_FALSE(Named<ListBox>(f, QStringLiteral("List1"))->isEnabled());
 
     // Nothing follows the empty line: close from this side and look at all that came.
-    f.TimerWinsock.Fire();
+    TimerWinsock(f).Fire();
     ASSERT_TRUE(server.WaitForDisconnections(1));
     const QByteArray tout = server.Requests()[0];
     EXPECT_TRUE(tout.endsWith("\r\n\r\n"));
@@ -34,10 +34,10 @@ TEST_F(Exchange, TheServerReceivesExactlyTheRequestOfTheSelectedStation) {
 
 TEST_F(Exchange, EveryRequestDiffersFromTheLastOnlyInTheStationCode) {
     Form1& f = Form();
-    Connect(f);
+    f.Cycle().Connect();
     ASSERT_TRUE(server.WaitForRequests(1));
-    f.List1->SetListIndex(LigneHeathrow);
-    Connect(f);
+    Named<ListBox>(f, QStringLiteral("List1"))->SetListIndex(LigneHeathrow);
+    f.Cycle().Connect();
     ASSERT_TRUE(server.WaitForRequests(2));
     EXPECT_EQ(server.Requests()[1], ExpectedRequest("EGLL"));
     QByteArray premier = server.Requests()[0];
@@ -46,29 +46,30 @@ TEST_F(Exchange, EveryRequestDiffersFromTheLastOnlyInTheStationCode) {
 
 TEST_F(Exchange, NothingIsSentWithNoEntrySelected) {
     Form1& f = Form();
-    f.List1->SetListIndex(-1);
-    QSignalSpy connecte(&f.W, &Winsock::connected);
-    Connect(f);
+    Named<ListBox>(f, QStringLiteral("List1"))->SetListIndex(-1);
+    QSignalSpy connecte(&W(f), &Winsock::connected);
+    f.Cycle().Connect();
     ASSERT_TRUE(connecte.wait(5000));
-    EXPECT_FALSE(f.TimerWinsock.Enabled());
-    EXPECT_TRUE(f.List1->isEnabled());
+    EXPECT_FALSE(TimerWinsock(f).Enabled());
+    EXPECT_TRUE(Named<ListBox>(f, QStringLiteral("List1"))->isEnabled());
     ASSERT_TRUE(server.WaitForConnections(1));
     // What the connection's handler wrote would have reached the server before a round trip
     // that starts now comes back.
     ASSERT_TRUE(RoundTrip());
     EXPECT_EQ(server.Requests()[0], QByteArray());
     // The connection stays open until the next poll closes it.
-    EXPECT_EQ(f.W.State(), sckConnected);
+    EXPECT_EQ(W(f).State(), sckConnected);
     EXPECT_EQ(server.Disconnections(), 0);
-    Connect(f);
+    f.Cycle().Connect();
     EXPECT_TRUE(server.WaitForDisconnections(1));
     EXPECT_EQ(server.Requests()[0], QByteArray());
 }
 
 TEST_F(Exchange, TheStationIsTheOneSelectedWhenTheConnectionIsMade) {
     Form1& f = Form();
-    Connect(f);
-    f.List1->SetListIndex(LigneRoissy);  // a click between the poll and the connection
+    f.Cycle().Connect();
+    Named<ListBox>(f, QStringLiteral("List1"))
+        ->SetListIndex(LigneRoissy);  // a click between the poll and the connection
     ASSERT_TRUE(server.WaitForRequests(1));
     EXPECT_EQ(server.Requests()[0], ExpectedRequest("LFPG"));
 }
@@ -76,33 +77,39 @@ TEST_F(Exchange, TheStationIsTheOneSelectedWhenTheConnectionIsMade) {
 TEST_F(Exchange, TheCodeGoesOutAsTheDatabaseHoldsIt) {
     ASSERT_TRUE(db.Exec(QStringLiteral("UPDATE \"Aéroports\" SET IDA = 'lfPb ' WHERE idx = 1")));
     Form1& f = Form();
-    ASSERT_EQ(f.List1->ListIndex(), LigneBourget);
-    Connect(f);
+    ASSERT_EQ(Named<ListBox>(f, QStringLiteral("List1"))->ListIndex(), LigneBourget);
+    f.Cycle().Connect();
     ASSERT_TRUE(server.WaitForRequests(1));
     EXPECT_EQ(server.Requests()[0], ExpectedRequest("lfPb "));
 }
 
 TEST_F(Exchange, ConnectEmptiesTheLastObservationAndDrawsOnePortFrom91To100) {
     Form1& f = Form();
-    for (Label* label : {f.Label1, f.Label2, f.Label3, f.Label6, f.TXTforce}) label->SetCaption(QStringLiteral("x"));
-    f.ReponseBrute = QStringLiteral("an older reply");
+    for (Label* label : {Named<Label>(f, QStringLiteral("Label1")), Named<Label>(f, QStringLiteral("Label2")),
+                         Named<Label>(f, QStringLiteral("Label3")), Named<Label>(f, QStringLiteral("Label6")),
+                         Named<Label>(f, QStringLiteral("TXTforce"))})
+        label->SetCaption(QStringLiteral("x"));
+    f.Cycle().ReponseBrute = QStringLiteral("an older reply");
     random.draws = {0.0};
-    Connect(f);
+    f.Cycle().Connect();
     EXPECT_EQ(f.Caption(), QStringLiteral("Connection in progress..."));
-    for (Label* label : {f.Label1, f.Label2, f.Label3, f.Label6, f.TXTforce}) EXPECT_TRUE(label->Caption().isEmpty());
-    EXPECT_TRUE(f.ReponseBrute.isEmpty());
-    EXPECT_EQ(f.W.LocalPort(), 91);
-    EXPECT_EQ(f.W.RemoteHost(), QStringLiteral("127.0.0.1"));
-    EXPECT_EQ(f.W.RemotePort(), server.Port());
+    for (Label* label : {Named<Label>(f, QStringLiteral("Label1")), Named<Label>(f, QStringLiteral("Label2")),
+                         Named<Label>(f, QStringLiteral("Label3")), Named<Label>(f, QStringLiteral("Label6")),
+                         Named<Label>(f, QStringLiteral("TXTforce"))})
+        EXPECT_TRUE(label->Caption().isEmpty());
+    EXPECT_TRUE(f.Cycle().ReponseBrute.isEmpty());
+    EXPECT_EQ(W(f).LocalPort(), 91);
+    EXPECT_EQ(W(f).RemoteHost(), QStringLiteral("127.0.0.1"));
+    EXPECT_EQ(W(f).RemotePort(), server.Port());
     EXPECT_EQ(random.reseeds, 1);
     EXPECT_EQ(random.drawn, 1);
 
     random.draws = {0.999999};
-    Connect(f);
-    EXPECT_EQ(f.W.LocalPort(), 100);
+    f.Cycle().Connect();
+    EXPECT_EQ(W(f).LocalPort(), 100);
     random.draws = {0.55};
-    Connect(f);
-    EXPECT_EQ(f.W.LocalPort(), 96);
+    f.Cycle().Connect();
+    EXPECT_EQ(W(f).LocalPort(), 96);
     ASSERT_TRUE(server.WaitForRequests(1));
 }
 
@@ -110,13 +117,13 @@ TEST_F(Exchange, ARefusedConnectionLeavesTheTimeOutAloneAndTheNextPollStillStart
     services.observationServer.port = ClosedPort();
     Form1& f = Form();
     for (bool enabled : {true, false}) {
-        f.TimerWinsock.SetEnabled(enabled);
-        QSignalSpy erreur(&f.W, &Winsock::Error);
-        Connect(f);
+        TimerWinsock(f).SetEnabled(enabled);
+        QSignalSpy erreur(&W(f), &Winsock::Error);
+        f.Cycle().Connect();
         ASSERT_TRUE(erreur.wait(5000));
-        EXPECT_EQ(f.TimerWinsock.Enabled(), enabled);
-        EXPECT_EQ(f.W.State(), sckClosed);
-        EXPECT_TRUE(f.List1->isEnabled());
+        EXPECT_EQ(TimerWinsock(f).Enabled(), enabled);
+        EXPECT_EQ(W(f).State(), sckClosed);
+        EXPECT_TRUE(Named<ListBox>(f, QStringLiteral("List1"))->isEnabled());
     }
     EXPECT_EQ(LogCount(QStringLiteral("Weather")), 0);
     EXPECT_TRUE(boxes.shown.empty());
@@ -129,30 +136,30 @@ TEST_F(Exchange, ARefusedConnectionLeavesTheTimeOutAloneAndTheNextPollStillStart
 
 TEST_F(Exchange, AnUnansweredRequestIsClosedByTheTimeOutAndTheListStaysDisabled) {
     Form1& f = Form();
-    Connect(f);
+    f.Cycle().Connect();
     ASSERT_TRUE(server.WaitForRequests(1));
-    ASSERT_FALSE(f.List1->isEnabled());
-    f.TimerWinsock.Fire();
-    EXPECT_FALSE(f.TimerWinsock.Enabled());
+    ASSERT_FALSE(Named<ListBox>(f, QStringLiteral("List1"))->isEnabled());
+    TimerWinsock(f).Fire();
+    EXPECT_FALSE(TimerWinsock(f).Enabled());
     EXPECT_TRUE(server.WaitForDisconnections(1));
-    EXPECT_FALSE(f.List1->isEnabled());
+    EXPECT_FALSE(Named<ListBox>(f, QStringLiteral("List1"))->isEnabled());
     EXPECT_EQ(LogCount(QStringLiteral("Weather")), 0);
 
     // The round goes on through the disabled list.
     Tick(f, 11);
     ASSERT_TRUE(server.WaitForRequests(2));
-    EXPECT_EQ(f.List1->ListIndex(), LigneBourget);
-    EXPECT_FALSE(f.List1->isEnabled());
+    EXPECT_EQ(Named<ListBox>(f, QStringLiteral("List1"))->ListIndex(), LigneBourget);
+    EXPECT_FALSE(Named<ListBox>(f, QStringLiteral("List1"))->isEnabled());
 }
 
 TEST_F(Exchange, TheTimeOutOfAnOlderRequestClosesTheNewerPoll) {
     Form1& f = Form();
-    Connect(f);
+    f.Cycle().Connect();
     ASSERT_TRUE(server.WaitForRequests(1));
     Tick(f, 11);  // the next poll; Connect leaves TimerWinsock running
     ASSERT_TRUE(server.WaitForRequests(2));
     EXPECT_TRUE(server.WaitForDisconnections(1));
-    f.TimerWinsock.Fire();
+    TimerWinsock(f).Fire();
     EXPECT_TRUE(server.WaitForDisconnections(2));
 }
 
@@ -164,7 +171,7 @@ TEST_F(Exchange, TwentyPollsInARowEachReachTheServer) {
         random.draws = {(poll % 10) / 10.0};
         Tick(f, 11);
         ASSERT_TRUE(server.WaitForRequests(poll)) << poll;
-        EXPECT_EQ(f.W.LocalPort(), 91 + poll % 10);
+        EXPECT_EQ(W(f).LocalPort(), 91 + poll % 10);
         attendus.append(codes[poll % 3]);
     }
     EXPECT_EQ(server.Codes(), attendus);
@@ -174,27 +181,28 @@ TEST_F(Exchange, TwentyPollsInARowEachReachTheServer) {
 
 TEST_F(Exchange, AnEntryBeyondTheStationCodesIsAFaultThatIsntCaught) {
     Form1& f = Form();
-    while (f.List1->ListCount() < 102) f.List1->AddItem(QStringLiteral("more"));
-    f.List1->SetListIndex(101);
+    while (Named<ListBox>(f, QStringLiteral("List1"))->ListCount() < 102)
+        Named<ListBox>(f, QStringLiteral("List1"))->AddItem(QStringLiteral("more"));
+    Named<ListBox>(f, QStringLiteral("List1"))->SetListIndex(101);
     try {
-        W_Connect(f);
+        f.Cycle().W_Connect();
         ADD_FAILURE() << "line 101 lies outside TableIDA";
     } catch (const RuntimeError& e) {
         EXPECT_EQ(e.Number(), SubscriptOutOfRange);
     }
-    EXPECT_TRUE(f.TimerWinsock.Enabled());
-    EXPECT_FALSE(f.List1->isEnabled());
+    EXPECT_TRUE(TimerWinsock(f).Enabled());
+    EXPECT_FALSE(Named<ListBox>(f, QStringLiteral("List1"))->isEnabled());
 }
 
 TEST_F(Exchange, TheErrorEventClosesTheSocketAndLetsEventsRun) {
     Form1& f = Form();
-    Connect(f);
+    f.Cycle().Connect();
     ASSERT_TRUE(server.WaitForRequests(1));
-    W_Error(f);
-    EXPECT_EQ(f.W.State(), sckClosed);
-    EXPECT_TRUE(f.TimerWinsock.Enabled());  // it runs on and closes the closed socket
+    f.Cycle().W_Error();
+    EXPECT_EQ(W(f).State(), sckClosed);
+    EXPECT_TRUE(TimerWinsock(f).Enabled());  // it runs on and closes the closed socket
     EXPECT_TRUE(server.WaitForDisconnections(1));
-    EXPECT_NO_THROW(f.TimerWinsock.Fire());
+    EXPECT_NO_THROW(TimerWinsock(f).Fire());
 }
 
 TEST_F(Exchange, AReplyThatComesAfterTheFirstRequestsTimeOutIsLostInTheNextPoll) {
@@ -205,16 +213,16 @@ TEST_F(Exchange, AReplyThatComesAfterTheFirstRequestsTimeOutIsLostInTheNextPoll)
     // fire in the order of their due times, however late a busy machine serves them.
     constexpr int Attente = 2000;
     Form1& f = Form();
-    f.TimerWinsock.SetInterval(Attente);
+    TimerWinsock(f).SetInterval(Attente);
     QStringList ordre;
-    QObject::connect(&f.W, &Winsock::connected, &f, [&] { ordre.append(QStringLiteral("connected")); });
-    QObject::connect(&f.TimerWinsock, &Timer::Tick, &f, [&] { ordre.append(QStringLiteral("time-out")); });
+    QObject::connect(&W(f), &Winsock::connected, &f, [&] { ordre.append(QStringLiteral("connected")); });
+    QObject::connect(&TimerWinsock(f), &Timer::Tick, &f, [&] { ordre.append(QStringLiteral("time-out")); });
     QTimer repere;  // due at 4/5 of the interval after the next poll began
     repere.setSingleShot(true);
     repere.setTimerType(Qt::PreciseTimer);
     QObject::connect(&repere, &QTimer::timeout, &f, [&] { ordre.append(QStringLiteral("4/5 after the next poll")); });
     QElapsedTimer depuis;
-    Connect(f);
+    f.Cycle().Connect();
     ASSERT_TRUE(server.WaitForRequests(1));
     depuis.start();  // the time-out was enabled before the request went out
     // Halfway through, the next poll connects. From then on the time-out is due within half an
@@ -229,14 +237,14 @@ TEST_F(Exchange, AReplyThatComesAfterTheFirstRequestsTimeOutIsLostInTheNextPoll)
     ASSERT_TRUE(QTest::qWaitFor([&] { return ordre.size() == 4; }, Attente * 5));
     EXPECT_EQ(ordre, QStringList({QStringLiteral("connected"), QStringLiteral("connected"), QStringLiteral("time-out"),
                                   QStringLiteral("4/5 after the next poll")}));
-    EXPECT_FALSE(f.TimerWinsock.Enabled());
+    EXPECT_FALSE(TimerWinsock(f).Enabled());
     // The reply of the second poll comes now: too late.
     server.Send(StationReply(Bourget));
     ASSERT_TRUE(server.WaitForDisconnections(2));
     ASSERT_TRUE(RoundTrip());
     EXPECT_EQ(LogCount(QStringLiteral("Weather Received from ")), 0);
     EXPECT_EQ(db.Count(QStringLiteral("Zefir")), 0);
-    EXPECT_FALSE(f.List1->isEnabled());
+    EXPECT_FALSE(Named<ListBox>(f, QStringLiteral("List1"))->isEnabled());
 }
 
 }  // namespace

@@ -29,11 +29,12 @@ protected:
 
 TEST_F(FailuresWhereEventsEnter, ASocketEventThatFailsEndsInTheBox) {
     Form1& f = Form();
-    while (f.List1->ListCount() < 102) f.List1->AddItem(QStringLiteral("more"));
-    f.List1->SetListIndex(101);
+    while (Named<ListBox>(f, QStringLiteral("List1"))->ListCount() < 102)
+        Named<ListBox>(f, QStringLiteral("List1"))->AddItem(QStringLiteral("more"));
+    Named<ListBox>(f, QStringLiteral("List1"))->SetListIndex(101);
     // The connection is made by the socket, whose Connect event looks up line 101 of the station
     // codes, one beyond the table.
-    Connect(f);
+    f.Cycle().Connect();
     ASSERT_TRUE(WaitForTheEnd());
     EXPECT_EQ(runTimeEnds, std::vector<int>{SubscriptOutOfRange});
     ASSERT_EQ(boxes.shown.size(), 1u);
@@ -44,11 +45,11 @@ TEST_F(FailuresWhereEventsEnter, ATimersTickThatFailsEndsInTheBox) {
     Form1& f = Form();
     ASSERT_TRUE(QFile::remove(db.Path()));
     // The next tick of T is the hourly refresh, on a database that is gone.
-    f.SecondesHeure = 3600;
-    f.T.SetInterval(1);
-    f.T.SetEnabled(true);
+    f.Cycle().SecondesHeure = 3600;
+    T(f).SetInterval(1);
+    T(f).SetEnabled(true);
     ASSERT_TRUE(WaitForTheEnd());
-    f.T.SetEnabled(false);
+    T(f).SetEnabled(false);
     EXPECT_EQ(runTimeEnds.front(), int(DaoFileNotFound));
     ASSERT_FALSE(boxes.shown.empty());
     EXPECT_TRUE(boxes.shown[0].startsWith(QStringLiteral("Run-time error '3024': Could not find file")));

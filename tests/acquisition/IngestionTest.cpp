@@ -23,13 +23,13 @@ protected:
     // One poll of the selected entry, up to the end of its reception.
     bool PollAndWait(Form1& f) {
         const int avant = LogCount(QStringLiteral("Weather Received from "));
-        Connect(f);
+        f.Cycle().Connect();
         return QTest::qWaitFor(
-            [&] { return LogCount(QStringLiteral("Weather Received from ")) > avant && f.W.State() == sckClosed; },
+            [&] { return LogCount(QStringLiteral("Weather Received from ")) > avant && W(f).State() == sckClosed; },
             5000);
     }
     // The reception of Reply as if it had arrived on W.
-    void Receive(Form1& f, const QByteArray& reply) { IngererReponse(f, QString::fromLatin1(reply)); }
+    void Receive(Form1& f, const QByteArray& reply) { f.Cycle().IngererReponse(QString::fromLatin1(reply)); }
 
     // The tray caption that the ingestion writes for the selected entry, Le Bourget's: the entry
     // with its three blanks trimmed, a line end and the wind.
@@ -48,19 +48,19 @@ protected:
 TEST_F(Ingestion, TheFirstRowOfANewDayDoesntEnterTheListOfDates) {
     db.AddObservation({.numAeroport = 1, .day = QDate(2004, 11, 1), .time = QTime(10, 0)});
     Form1& f = Form();
-    ASSERT_EQ(f.ChoixDate->ListCount(), 1);
+    ASSERT_EQ(Named<ComboBox>(f, QStringLiteral("ChoixDate"))->ListCount(), 1);
     Receive(f, StationReply(Bourget));  // the 2nd of November, a day the list doesn't have
     ASSERT_EQ(db.Count(QStringLiteral("Zefir")), 2);
     // The day enters at the next hourly refresh, not with its first row.
-    EXPECT_EQ(f.ChoixDate->ListCount(), 1);
-    EXPECT_EQ(f.ChoixDate->Text(), QStringLiteral("01/11/2004"));
+    EXPECT_EQ(Named<ComboBox>(f, QStringLiteral("ChoixDate"))->ListCount(), 1);
+    EXPECT_EQ(Named<ComboBox>(f, QStringLiteral("ChoixDate"))->Text(), QStringLiteral("01/11/2004"));
 }
 
 TEST_F(Ingestion, AStationFileBecomesOneRowWithTheLabelsTheLogTheChartAndTheTrayCaption) {
     AnswerBourget(StationReply(Bourget));
     Form1& f = Form();
-    f.drawingSurface = &recording;
-    const QString entree = f.List1->List(LigneBourget);
+    f.DrawOn(recording);
+    const QString entree = Named<ListBox>(f, QStringLiteral("List1"))->List(LigneBourget);
     ASSERT_TRUE(PollAndWait(f));
 
     // The row, column by column.
@@ -83,28 +83,28 @@ TEST_F(Ingestion, AStationFileBecomesOneRowWithTheLabelsTheLogTheChartAndTheTray
     EXPECT_FALSE(Column("lieu").isValid());
 
     // The labels and the window.
-    EXPECT_EQ(f.Label1->Caption(), QStringLiteral("02/11/2004 - 10:00"));
-    EXPECT_EQ(f.Label2->Caption(), QStringLiteral("Speed : 13 Kt (20.8 km/h)."));
-    EXPECT_EQ(f.Label3->Caption(), QStringLiteral("Direction : 240°"));
-    EXPECT_EQ(f.Label6->Caption(), QStringLiteral("West South West"));
-    EXPECT_EQ(f.TXTforce->Caption(), QStringLiteral("Force 4"));
+    EXPECT_EQ(Named<Label>(f, QStringLiteral("Label1"))->Caption(), QStringLiteral("02/11/2004 - 10:00"));
+    EXPECT_EQ(Named<Label>(f, QStringLiteral("Label2"))->Caption(), QStringLiteral("Speed : 13 Kt (20.8 km/h)."));
+    EXPECT_EQ(Named<Label>(f, QStringLiteral("Label3"))->Caption(), QStringLiteral("Direction : 240°"));
+    EXPECT_EQ(Named<Label>(f, QStringLiteral("Label6"))->Caption(), QStringLiteral("West South West"));
+    EXPECT_EQ(Named<Label>(f, QStringLiteral("TXTforce"))->Caption(), QStringLiteral("Force 4"));
     EXPECT_EQ(f.Caption(), QStringLiteral("Wind : ") + entree);
-    EXPECT_EQ(f.Frame1->title(), entree);
-    EXPECT_TRUE(f.List1->isEnabled());
-    EXPECT_FLOAT_EQ(f.AngleZefir, float((240.0 + 90) * 2 * 3.141592 / 360));
-    EXPECT_EQ(f.PV->Tag, QStringLiteral("240"));
-    EXPECT_EQ(f.ReponseBrute, QString::fromLatin1(StationReply(Bourget)));
+    EXPECT_EQ(Named<QGroupBox>(f, QStringLiteral("Frame1"))->title(), entree);
+    EXPECT_TRUE(Named<ListBox>(f, QStringLiteral("List1"))->isEnabled());
+    EXPECT_FLOAT_EQ(f.Cycle().AngleZefir, float((240.0 + 90) * 2 * 3.141592 / 360));
+    EXPECT_EQ(Named<SurfaceWidget>(f, QStringLiteral("PV"))->Tag, QStringLiteral("240"));
+    EXPECT_EQ(f.Cycle().ReponseBrute, QString::fromLatin1(StationReply(Bourget)));
 
     // The log, the chart and the tray's caption.
     EXPECT_EQ(LogCount(QStringLiteral("Weather Received from ") + entree), 1);
     EXPECT_EQ(LogCount(QStringLiteral("New Metaf Recorded ") + entree), 1);
     EXPECT_TRUE(Redrawn());
-    EXPECT_EQ(f.FKNT[20]->Tag, QString::fromLatin1(Bourget));
+    EXPECT_EQ(Named<Label>(f, Indexed("FKNT", 20))->Tag, QString::fromLatin1(Bourget));
     EXPECT_EQ(TrayCaption(), TrayTitle(QStringLiteral("West South West Force 4")));
 
     // The exchange is over, from this side.
-    EXPECT_EQ(f.W.State(), sckClosed);
-    EXPECT_FALSE(f.TimerWinsock.Enabled());
+    EXPECT_EQ(W(f).State(), sckClosed);
+    EXPECT_FALSE(TimerWinsock(f).Enabled());
     EXPECT_TRUE(server.WaitForDisconnections(1));
     EXPECT_TRUE(f.BaseReleves.IsNothing());
     EXPECT_TRUE(f.JeuReleves.IsNothing());
@@ -114,7 +114,7 @@ TEST_F(Ingestion, AStationFileBecomesOneRowWithTheLabelsTheLogTheChartAndTheTray
 TEST_F(Ingestion, TheSameStationFileAgainIsADuplicateThatStillRefreshesTheLabelsAndTheTray) {
     AnswerBourget(StationReply(Bourget));
     Form1& f = Form();
-    f.drawingSurface = &recording;
+    f.DrawOn(recording);
     ASSERT_TRUE(PollAndWait(f));
     ASSERT_EQ(db.Count(QStringLiteral("Zefir")), 1);
 
@@ -124,14 +124,14 @@ TEST_F(Ingestion, TheSameStationFileAgainIsADuplicateThatStillRefreshesTheLabels
     EXPECT_EQ(db.Count(QStringLiteral("Zefir")), 1);
     EXPECT_EQ(LogCount(QStringLiteral("ERROR UPDATE : Possibility of duplicate LFPB")), 1);
     EXPECT_EQ(LogCount(QStringLiteral("New Metaf Recorded ")), 1);
-    EXPECT_EQ(f.Label2->Caption(), QStringLiteral("Speed : 13 Kt (20.8 km/h)."));
-    EXPECT_EQ(f.TXTforce->Caption(), QStringLiteral("Force 4"));
+    EXPECT_EQ(Named<Label>(f, QStringLiteral("Label2"))->Caption(), QStringLiteral("Speed : 13 Kt (20.8 km/h)."));
+    EXPECT_EQ(Named<Label>(f, QStringLiteral("TXTforce"))->Caption(), QStringLiteral("Force 4"));
     // The chart as it was: not redrawn.
     EXPECT_FALSE(Redrawn());
-    EXPECT_EQ(f.FKNT[20]->Tag, QString::fromLatin1(Bourget));
+    EXPECT_EQ(Named<Label>(f, Indexed("FKNT", 20))->Tag, QString::fromLatin1(Bourget));
     EXPECT_EQ(TrayCaption(), TrayTitle(QStringLiteral("West South West Force 4")));
-    EXPECT_EQ(f.W.State(), sckClosed);
-    EXPECT_FALSE(f.TimerWinsock.Enabled());
+    EXPECT_EQ(W(f).State(), sckClosed);
+    EXPECT_FALSE(TimerWinsock(f).Enabled());
     EXPECT_TRUE(server.WaitForDisconnections(2));
 }
 
@@ -159,7 +159,7 @@ TEST_F(Ingestion, AReplyWithoutAReadableDayOrTimeFetchedTwiceIsOneRowAndOneDupli
 
 TEST_F(Ingestion, AHeadSplitOverTwoPacketsIsReadFromTheSecond) {
     Form1& f = Form();
-    Connect(f);
+    f.Cycle().Connect();
     ASSERT_TRUE(server.WaitForRequests(1));
     const QByteArray reponse = StationReply(Bourget);
     const qsizetype coupe = reponse.indexOf("\r\n\r\n") - 5;
@@ -168,30 +168,30 @@ TEST_F(Ingestion, AHeadSplitOverTwoPacketsIsReadFromTheSecond) {
     ASSERT_TRUE(QTest::qWaitFor([&] { return LogCount(QStringLiteral("Weather Received from ")) == 1; }, 5000));
     // Only the log line: the exchange waits for more.
     EXPECT_EQ(db.Count(QStringLiteral("Zefir")), 0);
-    EXPECT_TRUE(f.TimerWinsock.Enabled());
-    EXPECT_FALSE(f.List1->isEnabled());
-    EXPECT_EQ(f.W.State(), sckConnected);
-    EXPECT_TRUE(f.Label2->Caption().isEmpty());
+    EXPECT_TRUE(TimerWinsock(f).Enabled());
+    EXPECT_FALSE(Named<ListBox>(f, QStringLiteral("List1"))->isEnabled());
+    EXPECT_EQ(W(f).State(), sckConnected);
+    EXPECT_TRUE(Named<Label>(f, QStringLiteral("Label2"))->Caption().isEmpty());
 
     server.Send(reponse.mid(coupe));
-    ASSERT_TRUE(QTest::qWaitFor([&] { return f.W.State() == sckClosed; }, 5000));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return W(f).State() == sckClosed; }, 5000));
     EXPECT_EQ(LogCount(QStringLiteral("Weather Received from ")), 2);
-    EXPECT_EQ(f.ReponseBrute, QString::fromLatin1(reponse.mid(coupe)));
+    EXPECT_EQ(f.Cycle().ReponseBrute, QString::fromLatin1(reponse.mid(coupe)));
     ASSERT_EQ(db.Count(QStringLiteral("Zefir")), 1);
     EXPECT_EQ(Column("METAF").toString(), QString::fromLatin1(Bourget));
-    EXPECT_FALSE(f.TimerWinsock.Enabled());
-    EXPECT_TRUE(f.List1->isEnabled());
+    EXPECT_FALSE(TimerWinsock(f).Enabled());
+    EXPECT_TRUE(Named<ListBox>(f, QStringLiteral("List1"))->isEnabled());
 }
 
 TEST_F(Ingestion, ABodySplitOverTwoPacketsKeepsOnlyTheFirst) {
     Form1& f = Form();
-    Connect(f);
+    f.Cycle().Connect();
     ASSERT_TRUE(server.WaitForRequests(1));
     const QByteArray reponse = StationReply(Bourget);
     const qsizetype coupe = reponse.indexOf("24013KT");
 
     server.Send(reponse.left(coupe));
-    ASSERT_TRUE(QTest::qWaitFor([&] { return f.W.State() == sckClosed; }, 5000));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return W(f).State() == sckClosed; }, 5000));
     ASSERT_EQ(db.Count(QStringLiteral("Zefir")), 1);
     EXPECT_EQ(Column("METAF").toString(), QStringLiteral("LFPB 021000Z "));
     EXPECT_EQ(Column("NumAéroport").toInt(), 1);
@@ -206,15 +206,15 @@ TEST_F(Ingestion, ABodySplitOverTwoPacketsKeepsOnlyTheFirst) {
 
 TEST_F(Ingestion, APacketWithoutAnEndOfHeadIsOnlyLogged) {
     Form1& f = Form();
-    f.drawingSurface = &recording;
-    f.TimerWinsock.SetEnabled(true);
-    f.List1->setEnabled(false);
+    f.DrawOn(recording);
+    TimerWinsock(f).SetEnabled(true);
+    Named<ListBox>(f, QStringLiteral("List1"))->setEnabled(false);
     Receive(f, "HTTP/1.1 200 OK\r\nContent-Type: text/plain\r\n");
     EXPECT_EQ(LogCount(QStringLiteral("Weather Received from ")), 1);
     EXPECT_EQ(db.Count(QStringLiteral("Zefir")), 0);
-    EXPECT_TRUE(f.TimerWinsock.Enabled());
-    EXPECT_FALSE(f.List1->isEnabled());
-    EXPECT_TRUE(f.Label1->Caption().isEmpty());
+    EXPECT_TRUE(TimerWinsock(f).Enabled());
+    EXPECT_FALSE(Named<ListBox>(f, QStringLiteral("List1"))->isEnabled());
+    EXPECT_TRUE(Named<Label>(f, QStringLiteral("Label1"))->Caption().isEmpty());
     EXPECT_FALSE(Redrawn());
     EXPECT_EQ(TrayCaption(), QString());
 }
@@ -222,7 +222,7 @@ TEST_F(Ingestion, APacketWithoutAnEndOfHeadIsOnlyLogged) {
 TEST_F(Ingestion, ABodyShorterThan17CharactersDecodesTheSampleAndStoresAnEmptyMetaf) {
     Form1& f = Form();
     Receive(f, StationReply("", "2004/11/02\n"));
-    EXPECT_EQ(f.BulletinCourant.Ida, QStringLiteral("LFTH"));
+    EXPECT_EQ(f.Cycle().BulletinCourant.Ida, QStringLiteral("LFTH"));
     ASSERT_EQ(db.Count(QStringLiteral("Zefir")), 1);
     EXPECT_EQ(Column("METAF").toString(), QString());
     EXPECT_TRUE(Column("METAF").isValid());
@@ -232,23 +232,23 @@ TEST_F(Ingestion, ABodyShorterThan17CharactersDecodesTheSampleAndStoresAnEmptyMe
 
 TEST_F(Ingestion, AVariableWindStoresDirection0WithoutLogLineOrRedraw) {
     Form1& f = Form();
-    f.drawingSurface = &recording;
-    f.AngleZefir = 1.5f;
+    f.DrawOn(recording);
+    f.Cycle().AngleZefir = 1.5f;
     Receive(f, StationReply("LFPB 021000Z VRB03KT 9999 FEW016 12/08 Q1015\n"));
     ASSERT_EQ(db.Count(QStringLiteral("Zefir")), 1);
     EXPECT_EQ(Column("orientationdegré").toString(), QStringLiteral("0"));
     EXPECT_NE(Column("zefirvariable").toInt(), 0);
-    EXPECT_EQ(f.AngleZefir, 1.5f);
-    EXPECT_EQ(f.Label3->Caption(), QStringLiteral("Direction : 0°"));
-    EXPECT_EQ(f.Label6->Caption(), QStringLiteral("North"));
-    EXPECT_EQ(f.Label2->Caption(), QStringLiteral("Speed : -3 Kt (-4.8 km/h)."));
+    EXPECT_EQ(f.Cycle().AngleZefir, 1.5f);
+    EXPECT_EQ(Named<Label>(f, QStringLiteral("Label3"))->Caption(), QStringLiteral("Direction : 0°"));
+    EXPECT_EQ(Named<Label>(f, QStringLiteral("Label6"))->Caption(), QStringLiteral("North"));
+    EXPECT_EQ(Named<Label>(f, QStringLiteral("Label2"))->Caption(), QStringLiteral("Speed : -3 Kt (-4.8 km/h)."));
     EXPECT_EQ(LogCount(QStringLiteral("Weather Received from ")), 1);
     EXPECT_EQ(LogCount(QStringLiteral("New Metaf Recorded ")), 0);
     EXPECT_EQ(LogCount(QStringLiteral("ERROR UPDATE")), 0);
     EXPECT_FALSE(Redrawn());
     // Steps 10 and 11 run all the same.
     EXPECT_EQ(TrayCaption(), TrayTitle(QStringLiteral("North Force 0")));
-    EXPECT_FALSE(f.TimerWinsock.Enabled());
+    EXPECT_FALSE(TimerWinsock(f).Enabled());
 }
 
 TEST_F(Ingestion, ADirectionThatIsNoNumberLeavesTheCompassNameEmpty) {
@@ -256,9 +256,9 @@ TEST_F(Ingestion, ADirectionThatIsNoNumberLeavesTheCompassNameEmpty) {
     // Any group with a G in the wind's place is read as a gust wind: its first three characters
     // become the direction.
     Receive(f, StationReply("LFPB 021000Z BCFG 9999 12/08 Q1015\n"));
-    ASSERT_EQ(f.BulletinCourant.OrientationDegre, QStringLiteral("BCF"));
-    EXPECT_TRUE(f.Label6->Caption().isEmpty());
-    EXPECT_EQ(f.Label3->Caption(), QStringLiteral("Direction : BCF°"));
+    ASSERT_EQ(f.Cycle().BulletinCourant.OrientationDegre, QStringLiteral("BCF"));
+    EXPECT_TRUE(Named<Label>(f, QStringLiteral("Label6"))->Caption().isEmpty());
+    EXPECT_EQ(Named<Label>(f, QStringLiteral("Label3"))->Caption(), QStringLiteral("Direction : BCF°"));
     ASSERT_EQ(db.Count(QStringLiteral("Zefir")), 1);
     EXPECT_EQ(Column("orientationdegré").toString(), QStringLiteral("BCF"));
     EXPECT_EQ(LogCount(QStringLiteral("New Metaf Recorded ")), 0);
@@ -267,17 +267,17 @@ TEST_F(Ingestion, ADirectionThatIsNoNumberLeavesTheCompassNameEmpty) {
 TEST_F(Ingestion, TheSpeedInKmhIsTimes16InTheSystemsNumberFormat) {
     Form1& f = Form();
     Receive(f, StationReply(Bourget));
-    EXPECT_EQ(f.Label2->Caption(), QStringLiteral("Speed : 13 Kt (20.8 km/h)."));
+    EXPECT_EQ(Named<Label>(f, QStringLiteral("Label2"))->Caption(), QStringLiteral("Speed : 13 Kt (20.8 km/h)."));
     Receive(f, StationReply("LFPB 021030Z 00000KT 9999 FEW016 12/08 Q1015\n"));
-    EXPECT_EQ(f.Label2->Caption(), QStringLiteral("Speed : 0 Kt (0 km/h)."));
+    EXPECT_EQ(Named<Label>(f, QStringLiteral("Label2"))->Caption(), QStringLiteral("Speed : 0 Kt (0 km/h)."));
 }
 
 TEST_F(Ingestion, AGustAddsItsForceBehindTheSpeeds) {
     Form1& f = Form();
     Receive(f, StationReply(Bourget));
-    EXPECT_EQ(f.TXTforce->Caption(), QStringLiteral("Force 4"));
+    EXPECT_EQ(Named<Label>(f, QStringLiteral("TXTforce"))->Caption(), QStringLiteral("Force 4"));
     Receive(f, StationReply("LFPB 021030Z 24013G25KT 9999 FEW016 12/08 Q1015\n"));
-    EXPECT_EQ(f.TXTforce->Caption(), QStringLiteral("Force 4 / Force 6"));
+    EXPECT_EQ(Named<Label>(f, QStringLiteral("TXTforce"))->Caption(), QStringLiteral("Force 4 / Force 6"));
     EXPECT_EQ(db.Value(QStringLiteral("SELECT forcerafale FROM Zefir WHERE heurerelevé = '10:30:00'")).toInt(), 25);
 }
 
@@ -299,16 +299,16 @@ TEST_F(Ingestion, AnUnknownStationIsStoredUnderNumber0) {
 
 TEST_F(Ingestion, AMissingDatabaseStoresNothingButStillEndsTheExchange) {
     Form1& f = Form();
-    f.drawingSurface = &recording;
-    f.TimerWinsock.SetEnabled(true);
+    f.DrawOn(recording);
+    TimerWinsock(f).SetEnabled(true);
     ASSERT_TRUE(QFile::remove(db.Path()));
     Receive(f, StationReply(Bourget));
     EXPECT_EQ(LogCount(QStringLiteral("New Metaf Recorded ")), 0);
     EXPECT_EQ(LogCount(QStringLiteral("ERROR UPDATE")), 0);
     EXPECT_FALSE(Redrawn());
-    EXPECT_EQ(f.Label2->Caption(), QStringLiteral("Speed : 13 Kt (20.8 km/h)."));
+    EXPECT_EQ(Named<Label>(f, QStringLiteral("Label2"))->Caption(), QStringLiteral("Speed : 13 Kt (20.8 km/h)."));
     EXPECT_EQ(TrayCaption(), TrayTitle(QStringLiteral("West South West Force 4")));
-    EXPECT_FALSE(f.TimerWinsock.Enabled());
+    EXPECT_FALSE(TimerWinsock(f).Enabled());
     EXPECT_TRUE(f.BaseReleves.IsNothing());
     EXPECT_TRUE(boxes.shown.empty());
 }
@@ -320,7 +320,7 @@ TEST_F(Ingestion, TheWindDialIsDrawnOnPv) {
     // twips, 29 pixels; the pale face covers 0.87 of it, 378 twips, 25 pixels, and the sand
     // rim the rest. The arrow of 240 degrees runs from the centre towards the upper right and
     // the lower left, the white gleam stands left of the centre.
-    const QImage dial = f.PV->Snapshot();
+    const QImage dial = Named<SurfaceWidget>(f, QStringLiteral("PV"))->Snapshot();
     ASSERT_EQ(dial.size(), QSize(60, 60));
     const QColor noir(0, 0, 0), face(192, 255, 255), bord(250, 218, 106);
     EXPECT_EQ(dial.pixelColor(45, 32), face);  // 15 pixels right of the centre

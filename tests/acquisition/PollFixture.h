@@ -14,11 +14,13 @@
 #include <functional>
 #include <vector>
 
-#include "Acquisition.h"
 #include "Form1.h"
 #include "Forms.h"
 #include "GuiApplication.h"
 #include "Loopback.h"
+#include "Named.h"
+#include "PollCycle.h"
+#include "PollParts.h"
 #include "Printing.h"
 #include "RecordingSurface.h"
 #include "RunFolder.h"
@@ -172,7 +174,7 @@ protected:
         services.observationServer = {QStringLiteral("127.0.0.1"), server.Port()};
         // Nobody serves the news here: the first poll's news fetch is refused at once, silently.
         services.newsServer = {QStringLiteral("127.0.0.1"), ClosedPort()};
-        forms.Provide<Form1>(&LoadForm1WithPollCycle);
+        ProvideMainWindow(forms);
         ProvideTray();
     }
     void TearDown() override { forms.Unload<Form1>(); }
@@ -181,7 +183,7 @@ protected:
 
     Form1& Form() { return forms.Get<Form1>(); }
     static void Tick(Form1& form, int times = 1) {
-        for (int i = 0; i < times; ++i) form.T.Fire();
+        for (int i = 0; i < times; ++i) T(form).Fire();
     }
 
     // The folder the program runs in, with log/ and Images/.

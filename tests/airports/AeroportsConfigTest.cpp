@@ -42,7 +42,7 @@ TEST_F(Selection, TheFormHasItsControlsUnderTheirNamesWithTheirTexts) {
 TEST_F(Selection, TheListHoldsEveryAirportByCityWithoutAMarkAndItsIdxInItemData) {
     db.Exec(QStringLiteral("UPDATE \"Aéroports\" SET \"activé\" = 0, codeforecast = 'paris' WHERE idx = 1"));
     AeroportsConfig& form = OpenSelection();
-    ListBox* list = form.List1;
+    ListBox* list = Named<ListBox>(form, QStringLiteral("List1"));
     ASSERT_EQ(list->ListCount(), 3);
     EXPECT_EQ(list->List(LineHeathrow), QStringLiteral("London - Heathrow"));
     EXPECT_EQ(list->List(LineBourget), QStringLiteral("Paris - Le Bourget"));
@@ -58,19 +58,19 @@ TEST_F(Selection, TheListHoldsEveryAirportByCityWithoutAMarkAndItsIdxInItemData)
 
 TEST_F(Selection, TheActiveAirportsAreSelectedAndThePreferredOneIsInPref) {
     AeroportsConfig& form = OpenSelection();
-    EXPECT_EQ(form.PREF->Caption(), QStringLiteral("Paris - Le Bourget"));
-    EXPECT_EQ(form.PREF->Tag, QStringLiteral("1"));
-    EXPECT_EQ(form.NBS->Caption(), QStringLiteral("3 Selected Airports"));
-    EXPECT_TRUE(form.Command1->isEnabled());
+    EXPECT_EQ(Named<Label>(form, QStringLiteral("PREF"))->Caption(), QStringLiteral("Paris - Le Bourget"));
+    EXPECT_EQ(Named<Label>(form, QStringLiteral("PREF"))->Tag, QStringLiteral("1"));
+    EXPECT_EQ(Named<Label>(form, QStringLiteral("NBS"))->Caption(), QStringLiteral("3 Selected Airports"));
+    EXPECT_TRUE(Named<QPushButton>(form, QStringLiteral("Command1"))->isEnabled());
     EXPECT_TRUE(boxes.shown.empty());
 }
 
 TEST_F(Selection, WithNoPreferredAirportPrefIsEmptyAndItsTagIsZero) {
     db.Exec(QStringLiteral("UPDATE \"Aéroports\" SET \"préféré\" = 0"));
     AeroportsConfig& form = OpenSelection();
-    EXPECT_EQ(form.PREF->Caption(), QString());
-    EXPECT_EQ(form.PREF->Tag, QStringLiteral("0"));
-    EXPECT_EQ(form.NBS->Caption(), QStringLiteral("3 Selected Airports"));
+    EXPECT_EQ(Named<Label>(form, QStringLiteral("PREF"))->Caption(), QString());
+    EXPECT_EQ(Named<Label>(form, QStringLiteral("PREF"))->Tag, QStringLiteral("0"));
+    EXPECT_EQ(Named<Label>(form, QStringLiteral("NBS"))->Caption(), QStringLiteral("3 Selected Airports"));
 }
 
 TEST_F(Selection, APreferredAirportThatIsntActiveGivesTheFirstMessageDuringTheLoad) {
@@ -80,8 +80,8 @@ TEST_F(Selection, APreferredAirportThatIsntActiveGivesTheFirstMessageDuringTheLo
     ASSERT_EQ(Shown(PreferredMessage), 1);
     EXPECT_EQ(boxes.titles.back(), QStringLiteral("Hum Hum"));
     EXPECT_EQ(boxes.styles.back(), int(vbOKOnly));
-    EXPECT_EQ(form.NBS->Caption(), QStringLiteral("-1 Selected Airports"));
-    EXPECT_FALSE(form.Command1->isEnabled());
+    EXPECT_EQ(Named<Label>(form, QStringLiteral("NBS"))->Caption(), QStringLiteral("-1 Selected Airports"));
+    EXPECT_FALSE(Named<QPushButton>(form, QStringLiteral("Command1"))->isEnabled());
     EXPECT_TRUE(form.isVisible());
 }
 
@@ -90,61 +90,61 @@ TEST_F(Selection, APreferredAirportListedLastAndInactiveRaisesNoMessageAtLoad) {
     db.Exec(QStringLiteral("UPDATE \"Aéroports\" SET \"préféré\" = (idx = 3), \"activé\" = (idx <> 3)"));
     AeroportsConfig& form = OpenSelection();
     EXPECT_TRUE(boxes.shown.empty());
-    EXPECT_EQ(form.NBS->Caption(), QStringLiteral("2 Selected Airports"));
-    EXPECT_EQ(form.PREF->Tag, QStringLiteral("3"));
-    EXPECT_TRUE(form.Command1->isEnabled());
+    EXPECT_EQ(Named<Label>(form, QStringLiteral("NBS"))->Caption(), QStringLiteral("2 Selected Airports"));
+    EXPECT_EQ(Named<Label>(form, QStringLiteral("PREF"))->Tag, QStringLiteral("3"));
+    EXPECT_TRUE(Named<QPushButton>(form, QStringLiteral("Command1"))->isEnabled());
 }
 
 // ---- Judging the choice
 
 TEST_F(Selection, ClickingAwayThePreferredLineShowsTheFirstMessageAndMinusOneUntilItIsSelectedAgain) {
     AeroportsConfig& form = OpenSelection();
-    ClickLine(form.List1, LineBourget);
-    EXPECT_FALSE(form.List1->Selected(LineBourget));
+    ClickLine(Named<ListBox>(form, QStringLiteral("List1")), LineBourget);
+    EXPECT_FALSE(Named<ListBox>(form, QStringLiteral("List1"))->Selected(LineBourget));
     EXPECT_EQ(Shown(PreferredMessage), 1);
-    EXPECT_EQ(form.NBS->Caption(), QStringLiteral("-1 Selected Airports"));
-    EXPECT_FALSE(form.Command1->isEnabled());
+    EXPECT_EQ(Named<Label>(form, QStringLiteral("NBS"))->Caption(), QStringLiteral("-1 Selected Airports"));
+    EXPECT_FALSE(Named<QPushButton>(form, QStringLiteral("Command1"))->isEnabled());
     // Another line changes nothing while the preferred one stays unselected.
-    ClickLine(form.List1, LineRoissy);
+    ClickLine(Named<ListBox>(form, QStringLiteral("List1")), LineRoissy);
     EXPECT_EQ(Shown(PreferredMessage), 2);
-    EXPECT_EQ(form.NBS->Caption(), QStringLiteral("-1 Selected Airports"));
+    EXPECT_EQ(Named<Label>(form, QStringLiteral("NBS"))->Caption(), QStringLiteral("-1 Selected Airports"));
     // Selecting it again gives a valid choice.
-    ClickLine(form.List1, LineBourget);
+    ClickLine(Named<ListBox>(form, QStringLiteral("List1")), LineBourget);
     EXPECT_EQ(Shown(PreferredMessage), 2);
-    EXPECT_EQ(form.NBS->Caption(), QStringLiteral("2 Selected Airports"));
-    EXPECT_TRUE(form.Command1->isEnabled());
+    EXPECT_EQ(Named<Label>(form, QStringLiteral("NBS"))->Caption(), QStringLiteral("2 Selected Airports"));
+    EXPECT_TRUE(Named<QPushButton>(form, QStringLiteral("Command1"))->isEnabled());
 }
 
 TEST_F(Selection, AClickTogglesOnlyTheLineClicked) {
     AeroportsConfig& form = OpenSelection();
-    ClickLine(form.List1, LineRoissy);
-    EXPECT_TRUE(form.List1->Selected(LineHeathrow));
-    EXPECT_TRUE(form.List1->Selected(LineBourget));
-    EXPECT_FALSE(form.List1->Selected(LineRoissy));
-    EXPECT_EQ(form.NBS->Caption(), QStringLiteral("2 Selected Airports"));
-    ClickLine(form.List1, LineRoissy);
-    EXPECT_TRUE(form.List1->Selected(LineRoissy));
-    EXPECT_EQ(form.NBS->Caption(), QStringLiteral("3 Selected Airports"));
+    ClickLine(Named<ListBox>(form, QStringLiteral("List1")), LineRoissy);
+    EXPECT_TRUE(Named<ListBox>(form, QStringLiteral("List1"))->Selected(LineHeathrow));
+    EXPECT_TRUE(Named<ListBox>(form, QStringLiteral("List1"))->Selected(LineBourget));
+    EXPECT_FALSE(Named<ListBox>(form, QStringLiteral("List1"))->Selected(LineRoissy));
+    EXPECT_EQ(Named<Label>(form, QStringLiteral("NBS"))->Caption(), QStringLiteral("2 Selected Airports"));
+    ClickLine(Named<ListBox>(form, QStringLiteral("List1")), LineRoissy);
+    EXPECT_TRUE(Named<ListBox>(form, QStringLiteral("List1"))->Selected(LineRoissy));
+    EXPECT_EQ(Named<Label>(form, QStringLiteral("NBS"))->Caption(), QStringLiteral("3 Selected Airports"));
     EXPECT_TRUE(boxes.shown.empty());
 }
 
 TEST_F(Selection, DeselectingEveryLineWithNoPreferredAirportShowsTheSecondMessage) {
     db.Exec(QStringLiteral("UPDATE \"Aéroports\" SET \"préféré\" = 0"));
     AeroportsConfig& form = OpenSelection();
-    ClickLine(form.List1, LineHeathrow);
-    ClickLine(form.List1, LineBourget);
+    ClickLine(Named<ListBox>(form, QStringLiteral("List1")), LineHeathrow);
+    ClickLine(Named<ListBox>(form, QStringLiteral("List1")), LineBourget);
     EXPECT_TRUE(boxes.shown.empty());
-    EXPECT_TRUE(form.Command1->isEnabled());
-    ClickLine(form.List1, LineRoissy);
+    EXPECT_TRUE(Named<QPushButton>(form, QStringLiteral("Command1"))->isEnabled());
+    ClickLine(Named<ListBox>(form, QStringLiteral("List1")), LineRoissy);
     ASSERT_EQ(boxes.shown.size(), 1u);
     EXPECT_EQ(boxes.shown.back(), NoneMessage);
     EXPECT_EQ(boxes.titles.back(), QStringLiteral("Hum Hum"));
-    EXPECT_EQ(form.NBS->Caption(), QStringLiteral("0 Selected Airports"));
-    EXPECT_FALSE(form.Command1->isEnabled());
+    EXPECT_EQ(Named<Label>(form, QStringLiteral("NBS"))->Caption(), QStringLiteral("0 Selected Airports"));
+    EXPECT_FALSE(Named<QPushButton>(form, QStringLiteral("Command1"))->isEnabled());
     // One line again is enough.
-    ClickLine(form.List1, LineRoissy);
-    EXPECT_EQ(form.NBS->Caption(), QStringLiteral("1 Selected Airports"));
-    EXPECT_TRUE(form.Command1->isEnabled());
+    ClickLine(Named<ListBox>(form, QStringLiteral("List1")), LineRoissy);
+    EXPECT_EQ(Named<Label>(form, QStringLiteral("NBS"))->Caption(), QStringLiteral("1 Selected Airports"));
+    EXPECT_TRUE(Named<QPushButton>(form, QStringLiteral("Command1"))->isEnabled());
 }
 
 TEST_F(Selection, WithATagOfZeroThePreferredTestFiresOnlyForARowNumberedZero) {
@@ -156,24 +156,24 @@ TEST_F(Selection, WithATagOfZeroThePreferredTestFiresOnlyForARowNumberedZero) {
         QStringLiteral("INSERT INTO \"Aéroports\" (idx, IDA, \"aéroport\", ville, timezone, \"activé\", \"préféré\") "
                        "VALUES (0, 'LFMA', 'Les Milles', 'Aix', '1', 1, 0)"));
     AeroportsConfig& form = OpenSelection();
-    ASSERT_EQ(form.PREF->Tag, QStringLiteral("0"));
-    ASSERT_EQ(form.List1->List(0), QStringLiteral("Aix - Les Milles"));
-    ASSERT_EQ(form.List1->ItemData(0), 0);
-    EXPECT_EQ(form.NBS->Caption(), QStringLiteral("4 Selected Airports"));
+    ASSERT_EQ(Named<Label>(form, QStringLiteral("PREF"))->Tag, QStringLiteral("0"));
+    ASSERT_EQ(Named<ListBox>(form, QStringLiteral("List1"))->List(0), QStringLiteral("Aix - Les Milles"));
+    ASSERT_EQ(Named<ListBox>(form, QStringLiteral("List1"))->ItemData(0), 0);
+    EXPECT_EQ(Named<Label>(form, QStringLiteral("NBS"))->Caption(), QStringLiteral("4 Selected Airports"));
     // Aix stands first, the others one line lower. Their lines unselected and selected again:
     // never the first message.
-    ClickLine(form.List1, 1 + LineBourget);
-    ClickLine(form.List1, 1 + LineHeathrow);
-    ClickLine(form.List1, 1 + LineRoissy);
-    ClickLine(form.List1, 1 + LineBourget);
+    ClickLine(Named<ListBox>(form, QStringLiteral("List1")), 1 + LineBourget);
+    ClickLine(Named<ListBox>(form, QStringLiteral("List1")), 1 + LineHeathrow);
+    ClickLine(Named<ListBox>(form, QStringLiteral("List1")), 1 + LineRoissy);
+    ClickLine(Named<ListBox>(form, QStringLiteral("List1")), 1 + LineBourget);
     EXPECT_EQ(Shown(PreferredMessage), 0);
-    EXPECT_EQ(form.NBS->Caption(), QStringLiteral("2 Selected Airports"));
-    EXPECT_TRUE(form.Command1->isEnabled());
+    EXPECT_EQ(Named<Label>(form, QStringLiteral("NBS"))->Caption(), QStringLiteral("2 Selected Airports"));
+    EXPECT_TRUE(Named<QPushButton>(form, QStringLiteral("Command1"))->isEnabled());
     // Aix unselected: its idx equals the Tag.
-    ClickLine(form.List1, 0);
+    ClickLine(Named<ListBox>(form, QStringLiteral("List1")), 0);
     EXPECT_EQ(Shown(PreferredMessage), 1);
-    EXPECT_EQ(form.NBS->Caption(), QStringLiteral("-1 Selected Airports"));
-    EXPECT_FALSE(form.Command1->isEnabled());
+    EXPECT_EQ(Named<Label>(form, QStringLiteral("NBS"))->Caption(), QStringLiteral("-1 Selected Airports"));
+    EXPECT_FALSE(Named<QPushButton>(form, QStringLiteral("Command1"))->isEnabled());
 }
 
 // ---- The double click
@@ -181,52 +181,55 @@ TEST_F(Selection, WithATagOfZeroThePreferredTestFiresOnlyForARowNumberedZero) {
 TEST_F(Selection, DoubleClickingALineThatWasntSelectedSelectsItAndMakesItPreferred) {
     db.Exec(QStringLiteral("UPDATE \"Aéroports\" SET \"activé\" = 0 WHERE idx = 3"));
     AeroportsConfig& form = OpenSelection();
-    ASSERT_FALSE(form.List1->Selected(LineRoissy));
-    DoubleClickLine(form.List1, LineRoissy);
-    EXPECT_TRUE(form.List1->Selected(LineRoissy));
-    EXPECT_EQ(form.PREF->Caption(), QStringLiteral("Roissy - Charles de Gaulle"));
-    EXPECT_EQ(form.PREF->Tag, QStringLiteral("3"));
-    EXPECT_EQ(form.NBS->Caption(), QStringLiteral("3 Selected Airports"));
-    EXPECT_TRUE(form.Command1->isEnabled());
+    ASSERT_FALSE(Named<ListBox>(form, QStringLiteral("List1"))->Selected(LineRoissy));
+    DoubleClickLine(Named<ListBox>(form, QStringLiteral("List1")), LineRoissy);
+    EXPECT_TRUE(Named<ListBox>(form, QStringLiteral("List1"))->Selected(LineRoissy));
+    EXPECT_EQ(Named<Label>(form, QStringLiteral("PREF"))->Caption(), QStringLiteral("Roissy - Charles de Gaulle"));
+    EXPECT_EQ(Named<Label>(form, QStringLiteral("PREF"))->Tag, QStringLiteral("3"));
+    EXPECT_EQ(Named<Label>(form, QStringLiteral("NBS"))->Caption(), QStringLiteral("3 Selected Airports"));
+    EXPECT_TRUE(Named<QPushButton>(form, QStringLiteral("Command1"))->isEnabled());
     EXPECT_TRUE(boxes.shown.empty());
 }
 
 TEST_F(Selection, TheDoubleClickIsPrecededByTheClickJudgedWithTheOldPreferredAirport) {
     db.Exec(QStringLiteral("UPDATE \"Aéroports\" SET \"activé\" = 0 WHERE idx = 2"));
     AeroportsConfig& form = OpenSelection();
-    ClickLine(form.List1, LineBourget);  // the preferred line unselected: the first message
+    ClickLine(Named<ListBox>(form, QStringLiteral("List1")),
+              LineBourget);  // the preferred line unselected: the first message
     ASSERT_EQ(Shown(PreferredMessage), 1);
     // Each judging of the double click, with the PREF it saw.
     QStringList tagsAtClick;
-    QObject::connect(form.List1, &ListBox::Click, [&] { tagsAtClick.append(form.PREF->Tag); });
+    QObject::connect(Named<ListBox>(form, QStringLiteral("List1")), &ListBox::Click,
+                     [&] { tagsAtClick.append(Named<Label>(form, QStringLiteral("PREF"))->Tag); });
     bool doubleClicked = false;
-    QObject::connect(form.List1, &ListBox::DblClick, [&] { doubleClicked = true; });
-    DoubleClickLine(form.List1, LineHeathrow);
+    QObject::connect(Named<ListBox>(form, QStringLiteral("List1")), &ListBox::DblClick, [&] { doubleClicked = true; });
+    DoubleClickLine(Named<ListBox>(form, QStringLiteral("List1")), LineHeathrow);
     ASSERT_TRUE(doubleClicked);
     // The user's click, then the one that selecting the line raises: both with Paris still
     // preferred and unselected, so both give the message, and the new choice isn't judged.
     EXPECT_EQ(tagsAtClick, QStringList({QStringLiteral("1"), QStringLiteral("1")}));
     EXPECT_EQ(Shown(PreferredMessage), 3);
-    EXPECT_EQ(form.PREF->Tag, QStringLiteral("2"));
-    EXPECT_EQ(form.PREF->Caption(), QStringLiteral("London - Heathrow"));
-    EXPECT_EQ(form.NBS->Caption(), QStringLiteral("-1 Selected Airports"));
-    EXPECT_FALSE(form.Command1->isEnabled());
+    EXPECT_EQ(Named<Label>(form, QStringLiteral("PREF"))->Tag, QStringLiteral("2"));
+    EXPECT_EQ(Named<Label>(form, QStringLiteral("PREF"))->Caption(), QStringLiteral("London - Heathrow"));
+    EXPECT_EQ(Named<Label>(form, QStringLiteral("NBS"))->Caption(), QStringLiteral("-1 Selected Airports"));
+    EXPECT_FALSE(Named<QPushButton>(form, QStringLiteral("Command1"))->isEnabled());
     // The next click judges the new choice.
-    ClickLine(form.List1, LineRoissy);
-    EXPECT_EQ(form.NBS->Caption(), QStringLiteral("1 Selected Airports"));
-    EXPECT_TRUE(form.Command1->isEnabled());
+    ClickLine(Named<ListBox>(form, QStringLiteral("List1")), LineRoissy);
+    EXPECT_EQ(Named<Label>(form, QStringLiteral("NBS"))->Caption(), QStringLiteral("1 Selected Airports"));
+    EXPECT_TRUE(Named<QPushButton>(form, QStringLiteral("Command1"))->isEnabled());
 }
 
 // ---- Validate, Cancel, Edit, the close box
 
 TEST_F(Selection, ValidateWritesTheChoiceAndTheOldPreferredAirportLosesItsMark) {
     AeroportsConfig& form = OpenSelection();
-    ClickLine(form.List1, LineHeathrow);      // London no longer active
-    DoubleClickLine(form.List1, LineRoissy);  // Roissy preferred (it was selected: off, then on)
-    ASSERT_EQ(form.PREF->Tag, QStringLiteral("3"));
-    ASSERT_TRUE(form.Command1->isEnabled());
+    ClickLine(Named<ListBox>(form, QStringLiteral("List1")), LineHeathrow);  // London no longer active
+    DoubleClickLine(Named<ListBox>(form, QStringLiteral("List1")),
+                    LineRoissy);  // Roissy preferred (it was selected: off, then on)
+    ASSERT_EQ(Named<Label>(form, QStringLiteral("PREF"))->Tag, QStringLiteral("3"));
+    ASSERT_TRUE(Named<QPushButton>(form, QStringLiteral("Command1"))->isEnabled());
     QPointer<QWidget> gone(&form);
-    QTest::mouseClick(form.Command1, Qt::LeftButton);
+    QTest::mouseClick(Named<QPushButton>(form, QStringLiteral("Command1")), Qt::LeftButton);
     EXPECT_EQ(Column(IdxHeathrow, QStringLiteral("activé")).toInt(), 0);
     EXPECT_EQ(Column(IdxBourget, QStringLiteral("activé")).toInt(), 1);
     EXPECT_EQ(Column(IdxRoissy, QStringLiteral("activé")).toInt(), 1);
@@ -244,7 +247,7 @@ TEST_F(Selection, ValidateWritesEveryRowChangedOrNot) {
         QStringLiteral("CREATE TRIGGER counted AFTER UPDATE ON \"Aéroports\" "
                        "BEGIN INSERT INTO writes VALUES (new.idx); END"));
     AeroportsConfig& form = OpenSelection();
-    QTest::mouseClick(form.Command1, Qt::LeftButton);
+    QTest::mouseClick(Named<QPushButton>(form, QStringLiteral("Command1")), Qt::LeftButton);
     EXPECT_EQ(db.Count(QStringLiteral("writes")), 3);
     EXPECT_EQ(db.Value(QStringLiteral("SELECT group_concat(idx) FROM writes")).toString(), QStringLiteral("2,1,3"));
 }
@@ -252,36 +255,36 @@ TEST_F(Selection, ValidateWritesEveryRowChangedOrNot) {
 TEST_F(Selection, ValidateWithATagOfZeroLeavesNoAirportPreferred) {
     db.Exec(QStringLiteral("UPDATE \"Aéroports\" SET \"préféré\" = 0"));
     AeroportsConfig& form = OpenSelection();
-    QTest::mouseClick(form.Command1, Qt::LeftButton);
+    QTest::mouseClick(Named<QPushButton>(form, QStringLiteral("Command1")), Qt::LeftButton);
     EXPECT_EQ(db.Value(QStringLiteral("SELECT count(*) FROM \"Aéroports\" WHERE \"préféré\"")).toInt(), 0);
     EXPECT_EQ(db.Value(QStringLiteral("SELECT count(*) FROM \"Aéroports\" WHERE \"activé\"")).toInt(), 3);
 }
 
 TEST_F(Selection, ValidateRefillsTheMainWindowsListAndStartsThePollTimer) {
     AeroportsConfig& form = OpenSelection();
-    ASSERT_FALSE(Form().T.Enabled());
-    ClickLine(form.List1, LineHeathrow);
-    QTest::mouseClick(form.Command1, Qt::LeftButton);
-    ListBox* list = Form().List1;
+    ASSERT_FALSE(T(Form()).Enabled());
+    ClickLine(Named<ListBox>(form, QStringLiteral("List1")), LineHeathrow);
+    QTest::mouseClick(Named<QPushButton>(form, QStringLiteral("Command1")), Qt::LeftButton);
+    ListBox* list = Named<ListBox>(Form(), QStringLiteral("List1"));
     ASSERT_EQ(list->ListCount(), 2);
     EXPECT_EQ(list->List(0), QStringLiteral("   Paris - Le Bourget"));
     EXPECT_EQ(list->List(1), QStringLiteral("   Roissy - Charles de Gaulle"));
     EXPECT_EQ(forms.module1().TableIDA[0].ToText(), QStringLiteral("LFPB"));
     EXPECT_EQ(forms.module1().TableIDA[1].ToText(), QStringLiteral("LFPG"));
     EXPECT_EQ(list->ListIndex(), 0);
-    EXPECT_TRUE(Form().T.Enabled());
+    EXPECT_TRUE(T(Form()).Enabled());
 }
 
 TEST_F(Selection, CancelStoresNothingAndStartsThePollTimer) {
     AeroportsConfig& form = OpenSelection();
-    ClickLine(form.List1, LineHeathrow);
+    ClickLine(Named<ListBox>(form, QStringLiteral("List1")), LineHeathrow);
     QPointer<QWidget> gone(&form);
-    QTest::mouseClick(form.Command2, Qt::LeftButton);
+    QTest::mouseClick(Named<QPushButton>(form, QStringLiteral("Command2")), Qt::LeftButton);
     EXPECT_EQ(Column(IdxHeathrow, QStringLiteral("activé")).toInt(), 1);
     EXPECT_FALSE(forms.Loaded<AeroportsConfig>());
-    EXPECT_TRUE(Form().T.Enabled());
+    EXPECT_TRUE(T(Form()).Enabled());
     EXPECT_TRUE(Deleted(gone));
-    EXPECT_EQ(Form().List1->ListCount(), 3);
+    EXPECT_EQ(Named<ListBox>(Form(), QStringLiteral("List1"))->ListCount(), 3);
 }
 
 TEST_F(Selection, TheCloseBoxUnloadsTheFormAndStartsThePollTimer) {
@@ -289,36 +292,36 @@ TEST_F(Selection, TheCloseBoxUnloadsTheFormAndStartsThePollTimer) {
     QPointer<QWidget> gone(&form);
     EXPECT_TRUE(form.close());
     EXPECT_FALSE(forms.Loaded<AeroportsConfig>());
-    EXPECT_TRUE(Form().T.Enabled());
+    EXPECT_TRUE(T(Form()).Enabled());
     EXPECT_TRUE(Deleted(gone));
 }
 
 TEST_F(Selection, TheAirportsItemWhileTheFormIsOpenShowsTheSameForm) {
     AeroportsConfig& form = OpenSelection();
-    ClickLine(form.List1, LineHeathrow);
-    StartForm().MenuAeroport->trigger();
+    ClickLine(Named<ListBox>(form, QStringLiteral("List1")), LineHeathrow);
+    Named<QAction>(StartForm(), QStringLiteral("MenuAeroport"))->trigger();
     EXPECT_EQ(&forms.Get<AeroportsConfig>(), &form);
-    EXPECT_FALSE(form.List1->Selected(LineHeathrow));  // the change still stands
-    EXPECT_FALSE(Form().T.Enabled());
+    EXPECT_FALSE(Named<ListBox>(form, QStringLiteral("List1"))->Selected(LineHeathrow));  // the change still stands
+    EXPECT_FALSE(T(Form()).Enabled());
 }
 
 TEST_F(Selection, TheFormIsLoadedAnewEachTimeItIsOpened) {
     AeroportsConfig& first = OpenSelection();
-    ClickLine(first.List1, LineHeathrow);  // a change that isn't stored
-    QTest::mouseClick(first.Command2, Qt::LeftButton);
+    ClickLine(Named<ListBox>(first, QStringLiteral("List1")), LineHeathrow);  // a change that isn't stored
+    QTest::mouseClick(Named<QPushButton>(first, QStringLiteral("Command2")), Qt::LeftButton);
     AeroportsConfig& second = OpenSelection();
-    EXPECT_TRUE(second.List1->Selected(LineHeathrow));
-    EXPECT_EQ(second.NBS->Caption(), QStringLiteral("3 Selected Airports"));
+    EXPECT_TRUE(Named<ListBox>(second, QStringLiteral("List1"))->Selected(LineHeathrow));
+    EXPECT_EQ(Named<Label>(second, QStringLiteral("NBS"))->Caption(), QStringLiteral("3 Selected Airports"));
 }
 
 TEST_F(Selection, EditShowsTheAddFormAndUnloadsTheSelection) {
     AeroportsConfig& form = OpenSelection();
-    QTest::mouseClick(form.ajouterbtn, Qt::LeftButton);
+    QTest::mouseClick(Named<QPushButton>(form, QStringLiteral("ajouterbtn")), Qt::LeftButton);
     ASSERT_TRUE(forms.Loaded<ajoutareoports>());
     EXPECT_TRUE(forms.Widget<ajoutareoports>().isVisible());
     EXPECT_FALSE(forms.Loaded<AeroportsConfig>());
     // Polling runs again while the user types.
-    EXPECT_TRUE(Form().T.Enabled());
+    EXPECT_TRUE(T(Form()).Enabled());
     EXPECT_TRUE(runTimeEnds.empty());
 }
 
@@ -328,33 +331,33 @@ TEST_F(Selection, MoreThan101ActiveAirportsFailAtTheMainWindowsRefillAndEndThePr
     StartForm();      // the main window loads with the three airports
     AddAirports(99);  // 102 active airports with the three of the test
     AeroportsConfig& form = OpenSelection();
-    EXPECT_EQ(form.NBS->Caption(), QStringLiteral("102 Selected Airports"));
-    EXPECT_TRUE(form.Command1->isEnabled());  // the form sets no upper limit
-    QTest::mouseClick(form.Command1, Qt::LeftButton);
+    EXPECT_EQ(Named<Label>(form, QStringLiteral("NBS"))->Caption(), QStringLiteral("102 Selected Airports"));
+    EXPECT_TRUE(Named<QPushButton>(form, QStringLiteral("Command1"))->isEnabled());  // the form sets no upper limit
+    QTest::mouseClick(Named<QPushButton>(form, QStringLiteral("Command1")), Qt::LeftButton);
     ASSERT_EQ(runTimeEnds, std::vector<int>{SubscriptOutOfRange});
     EXPECT_EQ(boxes.shown.back(), QStringLiteral("Run-time error '9': Subscript out of range"));
     // The table was written before the refill failed; the 102nd line stands in the list.
     EXPECT_EQ(db.Value(QStringLiteral("SELECT count(*) FROM \"Aéroports\" WHERE \"activé\"")).toInt(), 102);
-    EXPECT_EQ(Form().List1->ListCount(), 102);
+    EXPECT_EQ(Named<ListBox>(Form(), QStringLiteral("List1"))->ListCount(), 102);
 }
 
 TEST_F(Selection, Exactly101ActiveAirportsFillTheMainWindowsList) {
     AddAirports(98);
     AeroportsConfig& form = OpenSelection();
-    QTest::mouseClick(form.Command1, Qt::LeftButton);
+    QTest::mouseClick(Named<QPushButton>(form, QStringLiteral("Command1")), Qt::LeftButton);
     EXPECT_TRUE(runTimeEnds.empty());
-    EXPECT_EQ(Form().List1->ListCount(), 101);
+    EXPECT_EQ(Named<ListBox>(Form(), QStringLiteral("List1"))->ListCount(), 101);
     EXPECT_EQ(forms.module1().TableIDA[100].ToText(), QStringLiteral("LFPG"));  // Roissy comes last
-    EXPECT_TRUE(Form().T.Enabled());
+    EXPECT_TRUE(T(Form()).Enabled());
 }
 
 TEST_F(Selection, ADatabaseThatAnotherProgramHoldsFailsValidateWithTheRunTimeErrorBox) {
     AeroportsConfig& form = OpenSelection();
-    ClickLine(form.List1, LineHeathrow);
+    ClickLine(Named<ListBox>(form, QStringLiteral("List1")), LineHeathrow);
     {
         const WriteLock lock(db.Path());
         ASSERT_TRUE(lock.Held());
-        QTest::mouseClick(form.Command1, Qt::LeftButton);
+        QTest::mouseClick(Named<QPushButton>(form, QStringLiteral("Command1")), Qt::LeftButton);
     }
     ASSERT_EQ(runTimeEnds, std::vector<int>{3260});
     EXPECT_EQ(boxes.shown.back(), QStringLiteral("Run-time error '3260': Couldn't update; currently locked."));
@@ -363,10 +366,10 @@ TEST_F(Selection, ADatabaseThatAnotherProgramHoldsFailsValidateWithTheRunTimeErr
 
 TEST_F(Selection, AReadOnlyDatabaseFailsValidateWithTheRunTimeErrorBox) {
     AeroportsConfig& form = OpenSelection();
-    ClickLine(form.List1, LineHeathrow);
+    ClickLine(Named<ListBox>(form, QStringLiteral("List1")), LineHeathrow);
     ASSERT_TRUE(QFile::setPermissions(db.Path(), QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther));
     if (QFileInfo(db.Path()).isWritable()) GTEST_SKIP() << "this user writes read-only files";
-    QTest::mouseClick(form.Command1, Qt::LeftButton);
+    QTest::mouseClick(Named<QPushButton>(form, QStringLiteral("Command1")), Qt::LeftButton);
     ASSERT_EQ(runTimeEnds, std::vector<int>{DaoReadOnly});
     EXPECT_EQ(boxes.shown.back(),
               QStringLiteral("Run-time error '3027': Cannot update. Database or object is read-only."));
@@ -375,13 +378,13 @@ TEST_F(Selection, AReadOnlyDatabaseFailsValidateWithTheRunTimeErrorBox) {
 
 TEST_F(Selection, AMissingDatabaseFailsTheLoadWithTheRunTimeErrorBox) {
     StartForm();
-    Form().T.SetEnabled(true);
+    T(Form()).SetEnabled(true);
     ASSERT_TRUE(QFile::remove(db.Path()));
-    StartForm().MenuAeroport->trigger();
+    Named<QAction>(StartForm(), QStringLiteral("MenuAeroport"))->trigger();
     ASSERT_EQ(runTimeEnds, std::vector<int>{DaoFileNotFound});
     EXPECT_FALSE(forms.Loaded<AeroportsConfig>());
     // T was stopped first, and no unload comes to start it again.
-    EXPECT_FALSE(Form().T.Enabled());
+    EXPECT_FALSE(T(Form()).Enabled());
 }
 
 }  // namespace

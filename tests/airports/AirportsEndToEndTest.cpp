@@ -13,8 +13,8 @@ protected:
     // The end of the start: the first tick of the tray's timer starts T and polls once.
     FrmIcone& Started() {
         FrmIcone& tray = StartForm();
-        tray.Timer1.Fire();
-        EXPECT_TRUE(Form().T.Enabled());
+        Named<Timer>(tray, QStringLiteral("Timer1"))->Fire();
+        EXPECT_TRUE(T(Form()).Enabled());
         EXPECT_TRUE(server.WaitForRequests(1));
         return tray;
     }
@@ -27,29 +27,31 @@ protected:
 
 TEST_F(AirportsEndToEnd, TheAirportsItemStopsThePollTimerUntilTheFormCloses) {
     FrmIcone& tray = Started();
-    tray.MenuAeroport->trigger();
+    Named<QAction>(tray, QStringLiteral("MenuAeroport"))->trigger();
     ASSERT_TRUE(forms.Loaded<AeroportsConfig>());
     AeroportsConfig& form = forms.Get<AeroportsConfig>();
     EXPECT_TRUE(form.isVisible());
     EXPECT_FALSE(form.isModal());
-    EXPECT_FALSE(Form().T.Enabled());
-    QTest::mouseClick(form.Command2, Qt::LeftButton);
-    EXPECT_TRUE(Form().T.Enabled());
+    EXPECT_FALSE(T(Form()).Enabled());
+    QTest::mouseClick(Named<QPushButton>(form, QStringLiteral("Command2")), Qt::LeftButton);
+    EXPECT_TRUE(T(Form()).Enabled());
 }
 
 TEST_F(AirportsEndToEnd, ANewChoiceChangesTheListTableIDAAndThePreferredAirportAndThePollFollows) {
     FrmIcone& tray = Started();
     EXPECT_EQ(server.Codes().back(), QByteArray("LFPB"));  // the preferred airport, polled first
-    tray.MenuAeroport->trigger();
+    Named<QAction>(tray, QStringLiteral("MenuAeroport"))->trigger();
     AeroportsConfig& form = forms.Get<AeroportsConfig>();
-    ClickLine(form.List1, 1);        // Paris - Le Bourget: the preferred airport, unselected
-    DoubleClickLine(form.List1, 2);  // Roissy preferred (it was selected: off, then on again)
-    ClickLine(form.List1, 1);        // Paris selected again: the choice is valid
-    ASSERT_TRUE(form.Command1->isEnabled());
-    ClickLine(form.List1, 0);  // London no longer active
-    QTest::mouseClick(form.Command1, Qt::LeftButton);
+    ClickLine(Named<ListBox>(form, QStringLiteral("List1")),
+              1);  // Paris - Le Bourget: the preferred airport, unselected
+    DoubleClickLine(Named<ListBox>(form, QStringLiteral("List1")),
+                    2);  // Roissy preferred (it was selected: off, then on again)
+    ClickLine(Named<ListBox>(form, QStringLiteral("List1")), 1);  // Paris selected again: the choice is valid
+    ASSERT_TRUE(Named<QPushButton>(form, QStringLiteral("Command1"))->isEnabled());
+    ClickLine(Named<ListBox>(form, QStringLiteral("List1")), 0);  // London no longer active
+    QTest::mouseClick(Named<QPushButton>(form, QStringLiteral("Command1")), Qt::LeftButton);
 
-    ListBox* list = Form().List1;
+    ListBox* list = Named<ListBox>(Form(), QStringLiteral("List1"));
     ASSERT_EQ(list->ListCount(), 2);
     EXPECT_EQ(list->List(0), QStringLiteral("   Paris - Le Bourget"));
     EXPECT_EQ(list->List(1), QStringLiteral("   Roissy - Charles de Gaulle"));
@@ -57,7 +59,7 @@ TEST_F(AirportsEndToEnd, ANewChoiceChangesTheListTableIDAAndThePreferredAirportA
     EXPECT_EQ(forms.module1().TableIDA[1].ToText(), QStringLiteral("LFPG"));
     EXPECT_EQ(list->ListIndex(), 1);  // the new preferred airport
     EXPECT_EQ(db.Value(QStringLiteral("SELECT idx FROM \"Aéroports\" WHERE \"préféré\"")).toInt(), IdxRoissy);
-    EXPECT_TRUE(Form().T.Enabled());
+    EXPECT_TRUE(T(Form()).Enabled());
     // The poll goes on over the new list, from where its index stood (the start's poll took the
     // preferred line without moving it): line 1, Roissy, then line 0, Le Bourget. London is gone.
     NextPoll(2);
@@ -68,18 +70,18 @@ TEST_F(AirportsEndToEnd, ANewChoiceChangesTheListTableIDAAndThePreferredAirportA
 
 TEST_F(AirportsEndToEnd, AddingLfthStoresItActiveListsItAndPollsIt) {
     FrmIcone& tray = Started();
-    tray.MenuAeroport->trigger();
-    QTest::mouseClick(forms.Get<AeroportsConfig>().ajouterbtn, Qt::LeftButton);
+    Named<QAction>(tray, QStringLiteral("MenuAeroport"))->trigger();
+    QTest::mouseClick(Named<QPushButton>(forms.Get<AeroportsConfig>(), QStringLiteral("ajouterbtn")), Qt::LeftButton);
     ajoutareoports& form = forms.Get<ajoutareoports>();
-    EXPECT_TRUE(Form().T.Enabled());  // polling runs while the user types
-    Type(form.identificationaéroport, QStringLiteral("lfth"));
-    Type(form.nomareoport, QStringLiteral("Francazal"));
-    Type(form.villeareoport, QStringLiteral("Toulouse"));
-    Type(form.fuseauhorraire, QStringLiteral("+1"));
-    QTest::mouseClick(form.confirmerbtn, Qt::LeftButton);
+    EXPECT_TRUE(T(Form()).Enabled());  // polling runs while the user types
+    Type(Named<QLineEdit>(form, QStringLiteral("identificationaéroport")), QStringLiteral("lfth"));
+    Type(Named<QLineEdit>(form, QStringLiteral("nomareoport")), QStringLiteral("Francazal"));
+    Type(Named<QLineEdit>(form, QStringLiteral("villeareoport")), QStringLiteral("Toulouse"));
+    Type(Named<QLineEdit>(form, QStringLiteral("fuseauhorraire")), QStringLiteral("+1"));
+    QTest::mouseClick(Named<QPushButton>(form, QStringLiteral("confirmerbtn")), Qt::LeftButton);
 
     EXPECT_EQ(db.Value(QStringLiteral("SELECT \"activé\" FROM \"Aéroports\" WHERE IDA = 'LFTH'")).toInt(), 1);
-    ListBox* list = Form().List1;
+    ListBox* list = Named<ListBox>(Form(), QStringLiteral("List1"));
     ASSERT_EQ(list->ListCount(), 4);
     EXPECT_EQ(list->List(3), QStringLiteral("   Toulouse - Francazal"));
     EXPECT_EQ(forms.module1().TableIDA[3].ToText(), QStringLiteral("LFTH"));

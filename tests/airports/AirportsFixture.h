@@ -52,8 +52,8 @@ protected:
     // The selection form, opened from the tray's menu with the poll timer running.
     AeroportsConfig& OpenSelection() {
         FrmIcone& tray = StartForm();
-        Form().T.SetEnabled(true);
-        tray.MenuAeroport->trigger();
+        T(Form()).SetEnabled(true);
+        Named<QAction>(tray, QStringLiteral("MenuAeroport"))->trigger();
         EXPECT_TRUE(forms.Loaded<AeroportsConfig>());
         return forms.Get<AeroportsConfig>();
     }
@@ -61,17 +61,9 @@ protected:
     // The add form, reached through the selection form's Edit button.
     ajoutareoports& OpenAddForm() {
         AeroportsConfig& selection = OpenSelection();
-        QTest::mouseClick(selection.ajouterbtn, Qt::LeftButton);
+        QTest::mouseClick(Named<QPushButton>(selection, QStringLiteral("ajouterbtn")), Qt::LeftButton);
         EXPECT_TRUE(forms.Loaded<ajoutareoports>());
         return forms.Get<ajoutareoports>();
-    }
-
-    // A control of a form by its name, as the user sees it.
-    template <class W>
-    static W* Named(QWidget& form, const QString& name) {
-        W* widget = form.findChild<W*>(name);
-        EXPECT_NE(widget, nullptr) << name.toStdString();
-        return widget;
     }
 
     static QPoint LinePoint(ListBox* list, int line) {

@@ -16,12 +16,14 @@ protected:
     // Fills the four fields that are read, key by key.
     void Fill(ajoutareoports& form, const QString& code, const QString& name, const QString& city,
               const QString& zone) {
-        Type(form.identificationaéroport, code);
-        Type(form.nomareoport, name);
-        Type(form.villeareoport, city);
-        Type(form.fuseauhorraire, zone);
+        Type(Named<QLineEdit>(form, QStringLiteral("identificationaéroport")), code);
+        Type(Named<QLineEdit>(form, QStringLiteral("nomareoport")), name);
+        Type(Named<QLineEdit>(form, QStringLiteral("villeareoport")), city);
+        Type(Named<QLineEdit>(form, QStringLiteral("fuseauhorraire")), zone);
     }
-    void Confirm(ajoutareoports& form) { QTest::mouseClick(form.confirmerbtn, Qt::LeftButton); }
+    void Confirm(ajoutareoports& form) {
+        QTest::mouseClick(Named<QPushButton>(form, QStringLiteral("confirmerbtn")), Qt::LeftButton);
+    }
 
     int Airports() const { return db.Count(QStringLiteral("Aéroports")); }
     // A column of the last airport added.
@@ -55,7 +57,7 @@ TEST_F(AddAirport, TheFormHasEveryControlLabelAndToolTipOfItsDesign) {
         ASSERT_NE(edit, nullptr);
         EXPECT_EQ(edit->toolTip(), QString::fromUtf8(box.tip)) << box.name;
     }
-    EXPECT_EQ(form.identificationaéroport->maxLength(), 4);
+    EXPECT_EQ(Named<QLineEdit>(form, QStringLiteral("identificationaéroport"))->maxLength(), 4);
     const struct {
         const char* name;
         const char* caption;
@@ -84,7 +86,7 @@ TEST_F(AddAirport, TheFormHasEveryControlLabelAndToolTipOfItsDesign) {
 TEST_F(AddAirport, TheCountShowsRecordCountAsItStandsRightAfterOpening) {
     ajoutareoports& form = OpenAddForm();
     // Three airports, but only the first row has been reached.
-    EXPECT_EQ(form.compteareoport->Caption(), QStringLiteral("1"));
+    EXPECT_EQ(Named<Label>(form, QStringLiteral("compteareoport"))->Caption(), QStringLiteral("1"));
 }
 
 TEST_F(AddAirport, TheLoadLooksUpTheSelectionFormsFirstLineWhileThatFormIsStillLoaded) {
@@ -105,7 +107,7 @@ TEST_F(AddAirport, WithAnEmptyTableTheLookUpOfTheFirstLineEndsTheProgram) {
     StartForm();
     db.Exec(QStringLiteral("DELETE FROM \"Aéroports\""));
     AeroportsConfig& selection = OpenSelection();
-    QTest::mouseClick(selection.ajouterbtn, Qt::LeftButton);
+    QTest::mouseClick(Named<QPushButton>(selection, QStringLiteral("ajouterbtn")), Qt::LeftButton);
     EXPECT_EQ(runTimeEnds, std::vector<int>{SubscriptOutOfRange});
 }
 
@@ -132,13 +134,13 @@ TEST_F(AddAirport, IdentificationLfthWithTheOtherFieldsFilledIsStoredAsLFTH) {
 
 TEST_F(AddAirport, TheNewRowHasCodeforecastNullAndItsLineHasNoStar) {
     ajoutareoports& form = OpenAddForm();
-    Type(form.forcastcode, QStringLiteral("toulouse"));  // never read
+    Type(Named<QLineEdit>(form, QStringLiteral("forcastcode")), QStringLiteral("toulouse"));  // never read
     Fill(form, QStringLiteral("LFTH"), QStringLiteral("Francazal"), QStringLiteral("Toulouse"), QStringLiteral("1"));
     Confirm(form);
     EXPECT_EQ(
         db.Value(QStringLiteral("SELECT count(*) FROM \"Aéroports\" WHERE codeforecast IS NULL AND idx = 4")).toInt(),
         1);
-    ListBox* list = Form().List1;
+    ListBox* list = Named<ListBox>(Form(), QStringLiteral("List1"));
     ASSERT_EQ(list->ListCount(), 4);
     EXPECT_EQ(list->List(3), QStringLiteral("   Toulouse - Francazal"));
     EXPECT_EQ(list->ItemData(3), 4);
@@ -153,7 +155,7 @@ TEST_F(AddAirport, AThreeLetterIdentificationGivesTheMessageAndIsStoredAsTyped) 
     // A plain message box: OK alone, and the program's own title.
     EXPECT_EQ(boxes.styles.back(), int(vbOKOnly));
     EXPECT_EQ(boxes.titles.back(), QString());
-    EXPECT_EQ(form.identificationaéroport->text(), QStringLiteral("lft"));
+    EXPECT_EQ(Named<QLineEdit>(form, QStringLiteral("identificationaéroport"))->text(), QStringLiteral("lft"));
     ASSERT_EQ(Airports(), 4);
     EXPECT_EQ(Added(QStringLiteral("IDA")).toString(), QStringLiteral("lft"));
 }
@@ -198,7 +200,7 @@ TEST_F(AddAirport, AllFieldsEmptyGiveThreeMessagesInARowStoreNothingAndCloseTheF
     EXPECT_FALSE(forms.Loaded<ajoutareoports>());
     EXPECT_TRUE(Deleted(gone));
     // The main window's list was refilled all the same.
-    EXPECT_EQ(Form().List1->ListCount(), 3);
+    EXPECT_EQ(Named<ListBox>(Form(), QStringLiteral("List1"))->ListCount(), 3);
 }
 
 TEST_F(AddAirport, TwoConfirmationsNeverHappenOnOneLoad) {
@@ -209,38 +211,38 @@ TEST_F(AddAirport, TwoConfirmationsNeverHappenOnOneLoad) {
     // The next opening is a fresh load, with empty fields.
     ajoutareoports& again = OpenAddForm();
     EXPECT_NE(&again, &form);
-    EXPECT_EQ(again.identificationaéroport->text(), QString());
-    EXPECT_EQ(again.nomareoport->text(), QString());
+    EXPECT_EQ(Named<QLineEdit>(again, QStringLiteral("identificationaéroport"))->text(), QString());
+    EXPECT_EQ(Named<QLineEdit>(again, QStringLiteral("nomareoport"))->text(), QString());
     EXPECT_EQ(Airports(), 4);
 }
 
 TEST_F(AddAirport, AfterCancelTheNextOpeningShowsTheOldTextsAndTheOldCount) {
     ajoutareoports& form = OpenAddForm();
     Fill(form, QStringLiteral("lfth"), QStringLiteral("Francazal"), QStringLiteral("Toulouse"), QStringLiteral("1"));
-    QTest::mouseClick(form.annulerbtn, Qt::LeftButton);
+    QTest::mouseClick(Named<QPushButton>(form, QStringLiteral("annulerbtn")), Qt::LeftButton);
     EXPECT_FALSE(form.isVisible());
     ASSERT_TRUE(forms.Loaded<ajoutareoports>());
     EXPECT_EQ(Airports(), 3);
-    ASSERT_EQ(form.compteareoport->Caption(), QStringLiteral("1"));
+    ASSERT_EQ(Named<Label>(form, QStringLiteral("compteareoport"))->Caption(), QStringLiteral("1"));
     // A load now would count no row at all and then fail on the selection form's empty list: the
     // next opening shows the first load's count, and nothing fails, because no load runs.
     db.Exec(QStringLiteral("DELETE FROM \"Aéroports\""));
     ajoutareoports& again = OpenAddForm();
     EXPECT_EQ(&again, &form);
     EXPECT_TRUE(again.isVisible());
-    EXPECT_EQ(again.identificationaéroport->text(), QStringLiteral("lfth"));
-    EXPECT_EQ(again.nomareoport->text(), QStringLiteral("Francazal"));
-    EXPECT_EQ(again.villeareoport->text(), QStringLiteral("Toulouse"));
-    EXPECT_EQ(again.fuseauhorraire->text(), QStringLiteral("1"));
-    EXPECT_EQ(again.compteareoport->Caption(), QStringLiteral("1"));
+    EXPECT_EQ(Named<QLineEdit>(again, QStringLiteral("identificationaéroport"))->text(), QStringLiteral("lfth"));
+    EXPECT_EQ(Named<QLineEdit>(again, QStringLiteral("nomareoport"))->text(), QStringLiteral("Francazal"));
+    EXPECT_EQ(Named<QLineEdit>(again, QStringLiteral("villeareoport"))->text(), QStringLiteral("Toulouse"));
+    EXPECT_EQ(Named<QLineEdit>(again, QStringLiteral("fuseauhorraire"))->text(), QStringLiteral("1"));
+    EXPECT_EQ(Named<Label>(again, QStringLiteral("compteareoport"))->Caption(), QStringLiteral("1"));
     EXPECT_TRUE(runTimeEnds.empty());
 }
 
 TEST_F(AddAirport, AddAndDeleteDoNothing) {
     ajoutareoports& form = OpenAddForm();
     Fill(form, QStringLiteral("LFTH"), QStringLiteral("Francazal"), QStringLiteral("Toulouse"), QStringLiteral("1"));
-    QTest::mouseClick(form.addbtn, Qt::LeftButton);
-    QTest::mouseClick(form.Command1, Qt::LeftButton);
+    QTest::mouseClick(Named<QPushButton>(form, QStringLiteral("addbtn")), Qt::LeftButton);
+    QTest::mouseClick(Named<QPushButton>(form, QStringLiteral("Command1")), Qt::LeftButton);
     EXPECT_EQ(Airports(), 3);
     EXPECT_TRUE(boxes.shown.empty());
     EXPECT_TRUE(form.isVisible());

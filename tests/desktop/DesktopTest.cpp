@@ -24,27 +24,27 @@ protected:
     // The start form, loaded, with its icon on the desktop and the icon's window taken in.
     FrmIcone& TrayWithIcon() {
         FrmIcone& tray = StartForm();
-        EXPECT_NE(tray.Icone, nullptr);
-        if (tray.Icone == nullptr) return tray;
+        EXPECT_NE(Icone(tray), nullptr);
+        if (Icone(tray) == nullptr) return tray;
         EXPECT_TRUE(QTest::qWaitFor(
-            [&] { return tray.Icone->Window() != nullptr && tray.Icone->Window()->isVisible(); }, 5000));
+            [&] { return Icone(tray)->Window() != nullptr && Icone(tray)->Window()->isVisible(); }, 5000));
         return tray;
     }
 
     // The icon's window as it stands now, waited for: the desktop may make it again at any time
     // (a notification area that announces itself once more), and the icon takes the new one.
     static QWidget* IconWindow(FrmIcone& tray) {
-        (void)QTest::qWaitFor([&] { return tray.Icone->Window() != nullptr && tray.Icone->Window()->isVisible(); },
+        (void)QTest::qWaitFor([&] { return Icone(tray)->Window() != nullptr && Icone(tray)->Window()->isVisible(); },
                               5000);
-        return tray.Icone->Window();
+        return Icone(tray)->Window();
     }
 
     // Closes the menu whenever it comes up, and counts how often it did.
     void CloseTheMenuWhenItComes(FrmIcone& tray) {
         QObject::connect(&menuWatch, &QTimer::timeout, &menuWatch, [this, &tray] {
-            if (!tray.Menu->isVisible()) return;
+            if (!Named<QMenu>(tray, QStringLiteral("Menu"))->isVisible()) return;
             ++menusShown;
-            tray.Menu->close();
+            Named<QMenu>(tray, QStringLiteral("Menu"))->close();
         });
         menuWatch.start(10);
     }
@@ -55,17 +55,17 @@ protected:
 
 TEST_F(RealTray, TheIconStandsInTheNotificationAreaWithItsTipAndReadsItsOwnWindow) {
     FrmIcone& tray = TrayWithIcon();
-    ASSERT_NE(tray.Icone, nullptr);
-    EXPECT_TRUE(tray.Icone->isVisible());
-    EXPECT_EQ(tray.Icone->toolTip(), QStringLiteral("Skelda"));
-    ASSERT_TRUE(tray.Icone->ReadsItsWindow());
+    ASSERT_NE(Icone(tray), nullptr);
+    EXPECT_TRUE(Icone(tray)->isVisible());
+    EXPECT_EQ(Icone(tray)->toolTip(), QStringLiteral("Skelda"));
+    ASSERT_TRUE(Icone(tray)->ReadsItsWindow());
     ASSERT_NE(IconWindow(tray), nullptr);
     EXPECT_TRUE(IconWindow(tray)->inherits("QSystemTrayIconSys"));
 }
 
 TEST_F(RealTray, ARightPressOnTheIconDoesNothingUntilItsReleasePopsUpTheMenu) {
     FrmIcone& tray = TrayWithIcon();
-    ASSERT_NE(tray.Icone, nullptr);
+    ASSERT_NE(Icone(tray), nullptr);
     QWidget* icone = IconWindow(tray);
     ASSERT_NE(icone, nullptr);
     CloseTheMenuWhenItComes(tray);
@@ -74,7 +74,7 @@ TEST_F(RealTray, ARightPressOnTheIconDoesNothingUntilItsReleasePopsUpTheMenu) {
     QTest::mousePress(icone, Qt::RightButton, Qt::NoModifier, centre);
     ASSERT_TRUE(QTest::qWaitFor([&] { return tray.MessageSouris == MsgRightDown; }, 5000));
     EXPECT_EQ(menusShown, 0);
-    EXPECT_FALSE(tray.Menu->isVisible());
+    EXPECT_FALSE(Named<QMenu>(tray, QStringLiteral("Menu"))->isVisible());
 
     icone = IconWindow(tray);
     ASSERT_NE(icone, nullptr);
@@ -86,7 +86,7 @@ TEST_F(RealTray, ARightPressOnTheIconDoesNothingUntilItsReleasePopsUpTheMenu) {
 
 TEST_F(RealTray, ALeftDoubleClickOnTheIconShowsForm1AndALeftClickDoesNothing) {
     FrmIcone& tray = TrayWithIcon();
-    ASSERT_NE(tray.Icone, nullptr);
+    ASSERT_NE(Icone(tray), nullptr);
     QWidget* icone = IconWindow(tray);
     ASSERT_NE(icone, nullptr);
     CloseTheMenuWhenItComes(tray);
@@ -106,7 +106,7 @@ TEST_F(RealTray, ALeftDoubleClickOnTheIconShowsForm1AndALeftClickDoesNothing) {
 
 TEST_F(RealTray, APointerMovingOverTheIconIsMessage512AndIgnored) {
     FrmIcone& tray = TrayWithIcon();
-    ASSERT_NE(tray.Icone, nullptr);
+    ASSERT_NE(Icone(tray), nullptr);
     QWidget* icone = IconWindow(tray);
     ASSERT_NE(icone, nullptr);
     QMouseEvent move(QEvent::MouseMove, QPointF(icone->rect().center()),
@@ -114,42 +114,42 @@ TEST_F(RealTray, APointerMovingOverTheIconIsMessage512AndIgnored) {
     QCoreApplication::sendEvent(icone, &move);
     ASSERT_TRUE(QTest::qWaitFor([&] { return tray.MessageSouris == MsgMouseMove; }, 5000));
     EXPECT_FALSE(Form().isVisible());
-    EXPECT_FALSE(tray.Menu->isVisible());
+    EXPECT_FALSE(Named<QMenu>(tray, QStringLiteral("Menu"))->isVisible());
 }
 
 TEST_F(RealTray, ATipLongerThan64CharactersIsCutOnTheIcon) {
     FrmIcone& tray = TrayWithIcon();
-    ASSERT_NE(tray.Icone, nullptr);
+    ASSERT_NE(Icone(tray), nullptr);
     QString titre;
     for (int i = 0; i < 10; ++i) titre += QString::number(i) + QStringLiteral("1234567890");
     ASSERT_EQ(titre.size(), 110);
     tray.NewTitle(titre);
-    EXPECT_EQ(tray.Icone->toolTip(),
+    EXPECT_EQ(Icone(tray)->toolTip(),
               QStringLiteral("0123456789011234567890212345678903123456789041234567890512345678"));
 }
 
 TEST_F(RealTray, QuitTakesTheIconAndItsWindowAwayAndEndsTheProcess) {
     FrmIcone& tray = TrayWithIcon();
-    ASSERT_NE(tray.Icone, nullptr);
-    ASSERT_TRUE(tray.Icone->isVisible());
-    tray.Quit->trigger();
+    ASSERT_NE(Icone(tray), nullptr);
+    ASSERT_TRUE(Icone(tray)->isVisible());
+    Named<QAction>(tray, QStringLiteral("Quit"))->trigger();
     EXPECT_EQ(ended, 1);
-    EXPECT_FALSE(tray.Icone->isVisible());
-    EXPECT_TRUE(QTest::qWaitFor([&] { return tray.Icone->Window() == nullptr; }, 5000));
+    EXPECT_FALSE(Icone(tray)->isVisible());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Icone(tray)->Window() == nullptr; }, 5000));
     EXPECT_EQ(LogCount(QStringLiteral("Skelda Terminated")), 1);
 }
 
 TEST_F(RealTray, AWindowMadeAgainForTheIconIsReadInItsTurn) {
     FrmIcone& tray = TrayWithIcon();
-    ASSERT_NE(tray.Icone, nullptr);
-    QPointer<QWidget> ancienne = tray.Icone->Window();
+    ASSERT_NE(Icone(tray), nullptr);
+    QPointer<QWidget> ancienne = Icone(tray)->Window();
     ASSERT_FALSE(ancienne.isNull());
     // Hidden and shown again by Qt itself, as when the notification area changes: Qt deletes the
     // icon's window and makes another.
-    tray.Icone->hide();
-    tray.Icone->show();
+    Icone(tray)->hide();
+    Icone(tray)->show();
     ASSERT_TRUE(QTest::qWaitFor(
-        [&] { return ancienne.isNull() && tray.Icone->Window() != nullptr && tray.Icone->Window()->isVisible(); },
+        [&] { return ancienne.isNull() && Icone(tray)->Window() != nullptr && Icone(tray)->Window()->isVisible(); },
         5000));
     CloseTheMenuWhenItComes(tray);
     QWidget* icone = IconWindow(tray);

@@ -73,7 +73,7 @@ protected:
 
     // A press of a mouse button on a line of List1, as the user gives it.
     void Presser(int ligne, Qt::MouseButton bouton) {
-        ListBox* list = Form().List1;
+        ListBox* list = Named<ListBox>(Form(), QStringLiteral("List1"));
         const QRect rect = list->visualItemRect(list->item(ligne));
         QTest::mousePress(list->viewport(), bouton, {}, rect.center());
         QTest::mouseRelease(list->viewport(), bouton, {}, rect.center());

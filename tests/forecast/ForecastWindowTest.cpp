@@ -67,53 +67,53 @@ TEST_F(Forecast, HasItsCaptionClientAreaAndEveryControlInPlace) {
     }
     EXPECT_EQ(f.findChild<QPushButton*>(QStringLiteral("Command1"))->text(), QStringLiteral("Close"));
     for (int i = 0; i < 6; ++i) {
-        EXPECT_EQ(f.Titre(i)->Caption(), QString());
-        EXPECT_EQ(f.Texte(i)->Caption(), QString());
-        EXPECT_EQ(f.Texte(i)->textFormat(), Qt::PlainText);
+        EXPECT_EQ(Named<Label>(f, QStringLiteral("titre%1").arg(i + 1))->Caption(), QString());
+        EXPECT_EQ(Named<Label>(f, QStringLiteral("Label%1").arg(i + 1))->Caption(), QString());
+        EXPECT_EQ(Named<Label>(f, QStringLiteral("Label%1").arg(i + 1))->textFormat(), Qt::PlainText);
     }
 }
 
 TEST_F(Forecast, HasGreyBacksAndItsFontsOrTheNearest) {
     ForecastForm& f = Prevision();
-    ExpectGreyBack(f.Nomvilleaeroport);
-    for (int i = 0; i < 6; ++i) ExpectGreyBack(f.Texte(i));
-    EXPECT_FALSE(f.titre1->autoFillBackground());
-    const QFont nom = f.Nomvilleaeroport->font();
+    ExpectGreyBack(Named<Label>(f, QStringLiteral("Nomvilleaeroport")));
+    for (int i = 0; i < 6; ++i) ExpectGreyBack(Named<Label>(f, QStringLiteral("Label%1").arg(i + 1)));
+    EXPECT_FALSE(Named<Label>(f, QStringLiteral("titre1"))->autoFillBackground());
+    const QFont nom = Named<Label>(f, QStringLiteral("Nomvilleaeroport"))->font();
     EXPECT_EQ(nom.family(), QStringLiteral("Arial Black"));
     EXPECT_DOUBLE_EQ(nom.pointSizeF(), 16.5);
     EXPECT_EQ(nom.weight(), QFont::Black);
     for (int i = 0; i < 6; ++i) {
-        const QFont titre = f.Titre(i)->font();
+        const QFont titre = Named<Label>(f, QStringLiteral("titre%1").arg(i + 1))->font();
         EXPECT_EQ(titre.family(), QStringLiteral("Terminal"));
         EXPECT_DOUBLE_EQ(titre.pointSizeF(), 9);
         EXPECT_TRUE(titre.bold());
     }
     // Whatever the machine lacks, the font drawn is a real one of the same kind.
-    EXPECT_FALSE(QFontInfo(f.titre1->font()).family().isEmpty());
-    EXPECT_TRUE(QFontInfo(f.titre1->font()).bold());
+    EXPECT_FALSE(QFontInfo(Named<Label>(f, QStringLiteral("titre1"))->font()).family().isEmpty());
+    EXPECT_TRUE(QFontInfo(Named<Label>(f, QStringLiteral("titre1"))->font()).bold());
 }
 
 TEST_F(Forecast, CloseUnloadsTheFormAndWhatWasWritten) {
     ForecastForm& f = Prevision();
-    f.Label1->SetCaption(QStringLiteral("Sunny"));
+    Named<Label>(f, QStringLiteral("Label1"))->SetCaption(QStringLiteral("Sunny"));
     f.show();
-    QTest::mouseClick(f.Command1, Qt::LeftButton);
+    QTest::mouseClick(Named<QPushButton>(f, QStringLiteral("Command1")), Qt::LeftButton);
     EXPECT_FALSE(forms.Loaded<ForecastForm>());
-    EXPECT_EQ(Prevision().Label1->Caption(), QString());
+    EXPECT_EQ(Named<Label>(Prevision(), QStringLiteral("Label1"))->Caption(), QString());
     EXPECT_FALSE(Prevision().isVisible());
 }
 
 TEST_F(Forecast, ClosingByTheWindowFrameUnloadsTheFormToo) {
-    Prevision().Label1->SetCaption(QStringLiteral("Sunny"));
+    Named<Label>(Prevision(), QStringLiteral("Label1"))->SetCaption(QStringLiteral("Sunny"));
     Prevision().show();
     Prevision().close();
     EXPECT_FALSE(forms.Loaded<ForecastForm>());
-    EXPECT_EQ(Prevision().Label1->Caption(), QString());
+    EXPECT_EQ(Named<Label>(Prevision(), QStringLiteral("Label1"))->Caption(), QString());
 }
 
 TEST_F(Forecast, LeftClickOnAnAirportDrawsTheChartAndFetchesNoForecast) {
     Form1& f = Form();
-    f.drawingSurface = &recording;
+    f.DrawOn(recording);
     recording.Clear();
     Presser(LigneHeathrow, Qt::LeftButton);
     EXPECT_FALSE(recording.Calls().empty());
@@ -128,24 +128,25 @@ TEST_F(Forecast, LeftClickOnAnAirportDrawsTheChartAndFetchesNoForecast) {
 TEST_F(Forecast, RightClickOnAnAirportFillsTheForecastWindow) {
     portal.Serve("/forecast/FRXX0076.html", PageDe(SixBlocs()));
     Form1& f = Form();
-    f.T.SetEnabled(true);
+    T(f).SetEnabled(true);
     std::atomic<int> tPendantLaRequete{-1};
-    portal.onRequest = [&] { tPendantLaRequete = f.T.Enabled() ? 1 : 0; };
+    portal.onRequest = [&] { tPendantLaRequete = T(f).Enabled() ? 1 : 0; };
     Presser(LigneBourget, Qt::RightButton);
 
     EXPECT_EQ(portal.Paths(), QStringList{QStringLiteral("/forecast/FRXX0076.html")});
     ForecastForm& prevision = Prevision();
     EXPECT_TRUE(prevision.isVisible());
-    EXPECT_EQ(prevision.Nomvilleaeroport->Caption(), QStringLiteral("Paris - Le Bourget"));
-    EXPECT_EQ(prevision.titre1->Caption(), QStringLiteral("Today"));
-    EXPECT_EQ(prevision.Label1->Caption(), QStringLiteral(" Sunny. High 75F(24)c."));
-    EXPECT_EQ(prevision.titre6->Caption(), QStringLiteral("Thursday night"));
-    EXPECT_EQ(prevision.Label6->Caption(), QStringLiteral(" Rain. Low 41F(5)c."));
+    EXPECT_EQ(Named<Label>(prevision, QStringLiteral("Nomvilleaeroport"))->Caption(),
+              QStringLiteral("Paris - Le Bourget"));
+    EXPECT_EQ(Named<Label>(prevision, QStringLiteral("titre1"))->Caption(), QStringLiteral("Today"));
+    EXPECT_EQ(Named<Label>(prevision, QStringLiteral("Label1"))->Caption(), QStringLiteral(" Sunny. High 75F(24)c."));
+    EXPECT_EQ(Named<Label>(prevision, QStringLiteral("titre6"))->Caption(), QStringLiteral("Thursday night"));
+    EXPECT_EQ(Named<Label>(prevision, QStringLiteral("Label6"))->Caption(), QStringLiteral(" Rain. Low 41F(5)c."));
     // The page stays in the hidden field until the next fetch.
-    EXPECT_EQ(f.wwwsource->Text(), PageDe(SixBlocs()));
+    EXPECT_EQ(Named<HiddenTextBox>(f, QStringLiteral("wwwsource"))->Text(), PageDe(SixBlocs()));
     // T was off while the page was fetched, and runs again.
     EXPECT_EQ(tPendantLaRequete.load(), 0);
-    EXPECT_TRUE(f.T.Enabled());
+    EXPECT_TRUE(T(f).Enabled());
     EXPECT_TRUE(f.BaseReleves.IsNothing());
     EXPECT_TRUE(f.JeuReleves.IsNothing());
     EXPECT_TRUE(runTimeEnds.empty());
@@ -154,39 +155,41 @@ TEST_F(Forecast, RightClickOnAnAirportFillsTheForecastWindow) {
 TEST_F(Forecast, RightClickOnAnotherAirportLeavesTheSelectionAndFetchesTheSelectedOnesForecast) {
     portal.Serve("/forecast/FRXX0076.html", PageDe({{QStringLiteral("Monday:"), QStringLiteral(" Drizzle.")}}));
     Form1& f = Form();
-    ASSERT_EQ(f.List1->ListIndex(), LigneBourget);
-    f.drawingSurface = &recording;
+    ASSERT_EQ(Named<ListBox>(f, QStringLiteral("List1"))->ListIndex(), LigneBourget);
+    f.DrawOn(recording);
     recording.Clear();
     Presser(LigneHeathrow, Qt::RightButton);
     // The right button selects nothing: the forecast is that of the line selected before, and
     // the chart isn't drawn again.
-    EXPECT_EQ(f.List1->ListIndex(), LigneBourget);
-    EXPECT_FALSE(f.List1->Selected(LigneHeathrow));
+    EXPECT_EQ(Named<ListBox>(f, QStringLiteral("List1"))->ListIndex(), LigneBourget);
+    EXPECT_FALSE(Named<ListBox>(f, QStringLiteral("List1"))->Selected(LigneHeathrow));
     EXPECT_TRUE(recording.Calls().empty());
     EXPECT_EQ(portal.Paths(), QStringList{QStringLiteral("/forecast/FRXX0076.html")});
-    EXPECT_EQ(Prevision().Nomvilleaeroport->Caption(), QStringLiteral("Paris - Le Bourget"));
-    EXPECT_EQ(Prevision().Label1->Caption(), QStringLiteral(" Drizzle."));
+    EXPECT_EQ(Named<Label>(Prevision(), QStringLiteral("Nomvilleaeroport"))->Caption(),
+              QStringLiteral("Paris - Le Bourget"));
+    EXPECT_EQ(Named<Label>(Prevision(), QStringLiteral("Label1"))->Caption(), QStringLiteral(" Drizzle."));
 }
 
 TEST_F(Forecast, RightClickWithoutCodeShowsTheBoxAndTRunsAgain) {
     Form1& f = Form();
-    f.T.SetEnabled(true);
-    f.List1->SetListIndex(LigneRoissy);
+    T(f).SetEnabled(true);
+    Named<ListBox>(f, QStringLiteral("List1"))->SetListIndex(LigneRoissy);
     f.List1_MouseDown(vbRightButton, 0, 0, 0);
     EXPECT_EQ(boxes.shown, std::vector<QString>{QStringLiteral("No forecast code for city")});
     EXPECT_EQ(portal.Count(), 0);
     // The heading was written all the same, which loaded the window without showing it.
     ASSERT_TRUE(forms.Loaded<ForecastForm>());
-    EXPECT_EQ(Prevision().Nomvilleaeroport->Caption(), QStringLiteral("Roissy - Charles de Gaulle"));
+    EXPECT_EQ(Named<Label>(Prevision(), QStringLiteral("Nomvilleaeroport"))->Caption(),
+              QStringLiteral("Roissy - Charles de Gaulle"));
     EXPECT_FALSE(Prevision().isVisible());
-    EXPECT_TRUE(f.T.Enabled());
+    EXPECT_TRUE(T(f).Enabled());
     EXPECT_TRUE(f.BaseReleves.IsNothing());
 }
 
 TEST_F(Forecast, AnEmptyCodeGoesToThePortalAsItIs) {
     ASSERT_TRUE(db.Exec(QStringLiteral("UPDATE \"Aéroports\" SET codeforecast = '' WHERE IDA = 'LFPG'")));
     Form1& f = Form();
-    f.List1->SetListIndex(LigneRoissy);
+    Named<ListBox>(f, QStringLiteral("List1"))->SetListIndex(LigneRoissy);
     f.List1_MouseDown(vbRightButton, 0, 0, 0);
     EXPECT_EQ(portal.Paths(), QStringList{QStringLiteral("/forecast/.html")});
     // The portal's "Not Found" page has no forecast text.
@@ -196,13 +199,13 @@ TEST_F(Forecast, AnEmptyCodeGoesToThePortalAsItIs) {
 TEST_F(Forecast, APageWithoutForecastTextShowsTheBoxAndLogsTheCode) {
     portal.Serve("/forecast/FRXX0076.html", QStringLiteral("<html>Forecast</html>"));
     Form1& f = Form();
-    f.T.SetEnabled(true);
-    f.List1->SetListIndex(LigneBourget);
+    T(f).SetEnabled(true);
+    Named<ListBox>(f, QStringLiteral("List1"))->SetListIndex(LigneBourget);
     f.List1_MouseDown(vbRightButton, 0, 0, 0);
     EXPECT_EQ(boxes.shown, std::vector<QString>{QStringLiteral("Unable to retrieve forecast!!!")});
     EXPECT_EQ(LogCount(QStringLiteral(" Unable to retrieve forecast!!!FRXX0076\r\n")), 1);
     EXPECT_FALSE(Prevision().isVisible());
-    EXPECT_TRUE(f.T.Enabled());
+    EXPECT_TRUE(T(f).Enabled());
 }
 
 TEST_F(Forecast, OpensBlankAndFillsWhileTheParserRuns) {
@@ -218,14 +221,18 @@ TEST_F(Forecast, OpensBlankAndFillsWhileTheParserRuns) {
         if (passes == 1) {
             blancAuDebut = p.isVisible();
             for (int i = 0; i < 6; ++i)
-                blancAuDebut = blancAuDebut && p.Titre(i)->Caption().isEmpty() && p.Texte(i)->Caption().isEmpty();
+                blancAuDebut = blancAuDebut &&
+                               Named<Label>(p, QStringLiteral("titre%1").arg(i + 1))->Caption().isEmpty() &&
+                               Named<Label>(p, QStringLiteral("Label%1").arg(i + 1))->Caption().isEmpty();
         }
         // The second block's first pass, its line feed: the first block is there, not the rest.
-        if (passes == 6) premierSeulAuMilieu = !p.Label1->Caption().isEmpty() && p.Label2->Caption().isEmpty();
+        if (passes == 6)
+            premierSeulAuMilieu = !Named<Label>(p, QStringLiteral("Label1"))->Caption().isEmpty() &&
+                                  Named<Label>(p, QStringLiteral("Label2"))->Caption().isEmpty();
     });
     EXPECT_TRUE(blancAuDebut);
     EXPECT_TRUE(premierSeulAuMilieu);
-    EXPECT_EQ(Prevision().Label6->Caption(), QStringLiteral(" Rain. Low 41F(5)c."));
+    EXPECT_EQ(Named<Label>(Prevision(), QStringLiteral("Label6"))->Caption(), QStringLiteral(" Rain. Low 41F(5)c."));
 }
 
 TEST_F(Forecast, FewerThanSixBlocksLeaveTheLastLabelsBlankOnANewWindow) {
@@ -234,10 +241,10 @@ TEST_F(Forecast, FewerThanSixBlocksLeaveTheLastLabelsBlankOnANewWindow) {
     QString Code = QStringLiteral("FRXX0076");
     ChargerPrevision(Code, forms);
     ForecastForm& p = Prevision();
-    EXPECT_EQ(p.titre2->Caption(), QStringLiteral("Tonight"));
+    EXPECT_EQ(Named<Label>(p, QStringLiteral("titre2"))->Caption(), QStringLiteral("Tonight"));
     for (int i = 2; i < 6; ++i) {
-        EXPECT_EQ(p.Titre(i)->Caption(), QString());
-        EXPECT_EQ(p.Texte(i)->Caption(), QString());
+        EXPECT_EQ(Named<Label>(p, QStringLiteral("titre%1").arg(i + 1))->Caption(), QString());
+        EXPECT_EQ(Named<Label>(p, QStringLiteral("Label%1").arg(i + 1))->Caption(), QString());
     }
 }
 
@@ -245,48 +252,48 @@ TEST_F(Forecast, ASecondForecastWithFewerBlocksKeepsTheOldTextWhileTheWindowStay
     portal.Serve("/forecast/FRXX0076.html", PageDe(SixBlocs()));
     portal.Serve("/forecast/UKXX0085.html", PageDe({{QStringLiteral("Monday:"), QStringLiteral(" Drizzle.")}}));
     Form1& f = Form();
-    f.List1->SetListIndex(LigneBourget);
+    Named<ListBox>(f, QStringLiteral("List1"))->SetListIndex(LigneBourget);
     f.List1_MouseDown(vbRightButton, 0, 0, 0);
-    f.List1->SetListIndex(LigneHeathrow);
+    Named<ListBox>(f, QStringLiteral("List1"))->SetListIndex(LigneHeathrow);
     f.List1_MouseDown(vbRightButton, 0, 0, 0);
     ForecastForm& p = Prevision();
-    EXPECT_EQ(p.Nomvilleaeroport->Caption(), QStringLiteral("London - Heathrow"));
-    EXPECT_EQ(p.titre1->Caption(), QStringLiteral("Monday"));
-    EXPECT_EQ(p.Label1->Caption(), QStringLiteral(" Drizzle."));
-    EXPECT_EQ(p.titre2->Caption(), QStringLiteral("Tonight"));
-    EXPECT_EQ(p.Label6->Caption(), QStringLiteral(" Rain. Low 41F(5)c."));
+    EXPECT_EQ(Named<Label>(p, QStringLiteral("Nomvilleaeroport"))->Caption(), QStringLiteral("London - Heathrow"));
+    EXPECT_EQ(Named<Label>(p, QStringLiteral("titre1"))->Caption(), QStringLiteral("Monday"));
+    EXPECT_EQ(Named<Label>(p, QStringLiteral("Label1"))->Caption(), QStringLiteral(" Drizzle."));
+    EXPECT_EQ(Named<Label>(p, QStringLiteral("titre2"))->Caption(), QStringLiteral("Tonight"));
+    EXPECT_EQ(Named<Label>(p, QStringLiteral("Label6"))->Caption(), QStringLiteral(" Rain. Low 41F(5)c."));
 
     // Closed in between, the window starts blank.
-    QTest::mouseClick(p.Command1, Qt::LeftButton);
+    QTest::mouseClick(Named<QPushButton>(p, QStringLiteral("Command1")), Qt::LeftButton);
     f.List1_MouseDown(vbRightButton, 0, 0, 0);
-    EXPECT_EQ(Prevision().titre1->Caption(), QStringLiteral("Monday"));
-    EXPECT_EQ(Prevision().titre2->Caption(), QString());
+    EXPECT_EQ(Named<Label>(Prevision(), QStringLiteral("titre1"))->Caption(), QStringLiteral("Monday"));
+    EXPECT_EQ(Named<Label>(Prevision(), QStringLiteral("titre2"))->Caption(), QString());
 }
 
 TEST_F(Forecast, APageThatBreaksTheParserEndsInTheRunTimeBoxWithTOff) {
     portal.Serve("/forecast/FRXX0076.html", PageDe({{QStringLiteral("Today:"), QStringLiteral(" Sunny.")},
                                                     {QStringLiteral("Tonight:"), QStringLiteral(" Patchy Fog.")}}));
     Form1& f = Form();
-    f.T.SetEnabled(true);
-    f.List1->SetListIndex(LigneBourget);
+    T(f).SetEnabled(true);
+    Named<ListBox>(f, QStringLiteral("List1"))->SetListIndex(LigneBourget);
     Presser(LigneBourget, Qt::RightButton);
     EXPECT_EQ(runTimeEnds, std::vector<int>{TypeMismatch});
     EXPECT_EQ(boxes.shown, std::vector<QString>{QStringLiteral("Run-time error '13': Type mismatch")});
-    EXPECT_FALSE(f.T.Enabled());
+    EXPECT_FALSE(T(f).Enabled());
     // Nothing closed the database either.
     EXPECT_FALSE(f.BaseReleves.IsNothing());
     // The window was shown with what came before the failure.
     EXPECT_TRUE(Prevision().isVisible());
-    EXPECT_EQ(Prevision().Label1->Caption(), QStringLiteral(" Sunny."));
+    EXPECT_EQ(Named<Label>(Prevision(), QStringLiteral("Label1"))->Caption(), QStringLiteral(" Sunny."));
 }
 
 TEST_F(Forecast, AnUnreachablePortalEndsInTheRunTimeBoxWithTOff) {
     services.forecastPortal = {QStringLiteral("127.0.0.1"), ClosedPort()};
     Form1& f = Form();
-    f.T.SetEnabled(true);
+    T(f).SetEnabled(true);
     Presser(LigneBourget, Qt::RightButton);
     EXPECT_EQ(runTimeEnds, std::vector<int>{icConnectFailed});
-    EXPECT_FALSE(f.T.Enabled());
+    EXPECT_FALSE(T(f).Enabled());
     EXPECT_FALSE(Prevision().isVisible());
 }
 
@@ -302,7 +309,7 @@ TEST_F(Forecast, APageWithALoopThatNeverEndsKeepsRunning) {
                                       if (++passes > 50000) throw BoucleSansFin();
                                   }),
                  BoucleSansFin);
-    EXPECT_EQ(Prevision().Label1->Caption(), QStringLiteral(" Sunny."));
+    EXPECT_EQ(Named<Label>(Prevision(), QStringLiteral("Label1"))->Caption(), QStringLiteral(" Sunny."));
 }
 
 TEST_F(Forecast, APageLongerThanTheFieldsUsualLimitIsKeptWhole) {
@@ -312,5 +319,5 @@ TEST_F(Forecast, APageLongerThanTheFieldsUsualLimitIsKeptWhole) {
     QString Code = QStringLiteral("FRXX0076");
     // The picture table now ends beyond 32767: the whole page reached the parser.
     EXPECT_EQ(ErrorOf([&] { ChargerPrevision(Code, forms); }), Overflow);
-    EXPECT_EQ(Form().wwwsource->Text().size(), page.size());
+    EXPECT_EQ(Named<HiddenTextBox>(Form(), QStringLiteral("wwwsource"))->Text().size(), page.size());
 }

@@ -53,10 +53,10 @@ protected:
     // program has taken a reply in and closed its socket, or when the gateway has closed it.
     bool Poll() {
         Form1& f = Form();
-        Connect(f);
+        f.Cycle().Connect();
         // Connect leaves W resolving; the exchange has ended when W is closed, or closed by
         // the other side.
-        return QTest::qWaitFor([&] { return f.W.State() == sckClosed || f.W.State() == sckClosing; }, 15000);
+        return QTest::qWaitFor([&] { return W(f).State() == sckClosed || W(f).State() == sckClosing; }, 15000);
     }
 
     // The requests that reached the source stand-ins for a station's file.
@@ -89,7 +89,7 @@ TEST_F(Gateway, ThePollStoresTheReportOfTheSourcesStationFile) {
     EXPECT_EQ(db.Value(QStringLiteral("SELECT forcenoeuds FROM Zefir")).toInt(), 13);
     EXPECT_EQ(db.Value(QStringLiteral("SELECT \"NumAéroport\" FROM Zefir")).toInt(), 1);
     EXPECT_EQ(LogCount(QStringLiteral("New Metaf Recorded  * Paris - Le Bourget")), 1);
-    EXPECT_TRUE(Form().List1->isEnabled());
+    EXPECT_TRUE(Named<ListBox>(Form(), QStringLiteral("List1"))->isEnabled());
     EXPECT_TRUE(boxes.shown.empty());
 }
 
@@ -153,7 +153,7 @@ TEST_F(Gateway, TwoHundredPollsStoreNoSampleReport) {
     int polls = 0;
     for (int round = 0; round < 5; ++round)
         for (int line = 0; line < 40; ++line) {
-            f.List1->SetListIndex(line);
+            Named<ListBox>(f, QStringLiteral("List1"))->SetListIndex(line);
             ASSERT_TRUE(Poll()) << "poll " << polls;
             ++polls;
         }
@@ -168,7 +168,7 @@ TEST_F(Gateway, TwoHundredPollsStoreNoSampleReport) {
 TEST_F(Gateway, SourceDownWithoutACopyClosesWithoutAReplyAndStoresNothing) {
     Start(AbsentSource);
     ASSERT_TRUE(Poll());
-    EXPECT_EQ(Form().W.State(), sckClosing);
+    EXPECT_EQ(W(Form()).State(), sckClosing);
     EXPECT_EQ(Rows(), 0);
     EXPECT_EQ(LogCount(QStringLiteral("Weather Received from")), 0);
     EXPECT_TRUE(boxes.shown.empty());
@@ -185,7 +185,7 @@ TEST_F(Gateway, SourceDownWithACopyServesTheLastGoodCopyWhichIsADuplicate) {
     EXPECT_EQ(Rows(), 1);
     EXPECT_EQ(LogCount(QStringLiteral("ERROR UPDATE : Possibility of duplicate LFPB")), 1);
     // The reply came: List1, disabled while the request was out, is back at once.
-    EXPECT_TRUE(Form().List1->isEnabled());
+    EXPECT_TRUE(Named<ListBox>(Form(), QStringLiteral("List1"))->isEnabled());
     EXPECT_TRUE(World().GatewayLog().contains(QStringLiteral("station LFPB: the source answered 502; the last good")));
 }
 
@@ -205,7 +205,7 @@ TEST_F(Gateway, AReplyOfMegabytesIsNoStationFile) {
     World().ServeFile(QStringLiteral("/data/observations/metar/stations/LFPB.TXT"), QByteArray(5 << 20, 'A'));
     Start(GoodSource);
     ASSERT_TRUE(Poll());
-    EXPECT_EQ(Form().W.State(), sckClosing);
+    EXPECT_EQ(W(Form()).State(), sckClosing);
     EXPECT_EQ(Rows(), 0);
     EXPECT_TRUE(World().GatewayLog().contains(QStringLiteral("station LFPB: the source answered 206")));
 }
@@ -223,7 +223,7 @@ TEST_F(Gateway, AReplyOfMegabytesAfterAGoodOneServesTheGoodOne) {
 
 TEST_F(Gateway, ARedirectIsNotFollowedAndStoresNothing) {
     Start(GoodSource);
-    Form().List1->SetListIndex(LigneHeathrow);
+    Named<ListBox>(Form(), QStringLiteral("List1"))->SetListIndex(LigneHeathrow);
     World().ServeFile(QStringLiteral("/elsewhere/MOVE.TXT"), HeathrowFile);
     const QByteArray reply =
         GatewayWorld::Exchange("GET http://127.83.75.1/pub/data/observations/metar/stations/MOVE.TXT HTTP/1.0\r\n\r\n");
@@ -294,7 +294,8 @@ TEST_F(Gateway, TheFirstPollShowsTheNewsPageOnce) {
     ASSERT_TRUE(Poll());
     QFile installed(QStringLiteral(SKELDA_GATEWAY_DATA "/promo.html"));
     ASSERT_TRUE(installed.open(QIODevice::ReadOnly));
-    EXPECT_EQ(forms.Get<Promo>().Label1->Caption(), QString::fromLatin1(installed.readAll()));
+    EXPECT_EQ(Named<Label>(forms.Get<Promo>(), QStringLiteral("Label1"))->Caption(),
+              QString::fromLatin1(installed.readAll()));
     EXPECT_TRUE(forms.Widget<Promo>().isVisible());
     EXPECT_EQ(forms.module1().NouvellesVues, Variant(QStringLiteral("vu")));
 }
@@ -307,10 +308,11 @@ TEST_F(Gateway, ARightClickWithoutThePageMakerOpensTheForecastWindowSayingSo) {
     EXPECT_TRUE(boxes.shown.empty());
     ForecastForm& window = Prevision();
     EXPECT_TRUE(forms.Widget<ForecastForm>().isVisible());
-    EXPECT_EQ(window.Titre(0)->Caption(), QStringLiteral("Today"));
-    EXPECT_EQ(window.Texte(0)->Caption(), QStringLiteral(" The forecast is not available yet."));
-    EXPECT_EQ(window.Titre(5)->Caption(), QStringLiteral("Next night"));
-    EXPECT_TRUE(Form().T.Enabled());
+    EXPECT_EQ(Named<Label>(window, QStringLiteral("titre%1").arg(0 + 1))->Caption(), QStringLiteral("Today"));
+    EXPECT_EQ(Named<Label>(window, QStringLiteral("Label%1").arg(0 + 1))->Caption(),
+              QStringLiteral(" The forecast is not available yet."));
+    EXPECT_EQ(Named<Label>(window, QStringLiteral("titre%1").arg(5 + 1))->Caption(), QStringLiteral("Next night"));
+    EXPECT_TRUE(T(Form()).Enabled());
 }
 
 TEST_F(Gateway, ARightClickShowsTheForecastMadeFromTheSourceInSixBlocks) {
@@ -322,14 +324,16 @@ TEST_F(Gateway, ARightClickShowsTheForecastMadeFromTheSourceInSixBlocks) {
     EXPECT_TRUE(boxes.shown.empty());
     ForecastForm& window = Prevision();
     EXPECT_TRUE(forms.Widget<ForecastForm>().isVisible());
-    EXPECT_TRUE(window.Titre(0)->Caption() == QStringLiteral("Today") ||
-                window.Titre(0)->Caption() == QStringLiteral("Tonight"))
-        << window.Titre(0)->Caption().toStdString();
+    EXPECT_TRUE(Named<Label>(window, QStringLiteral("titre%1").arg(0 + 1))->Caption() == QStringLiteral("Today") ||
+                Named<Label>(window, QStringLiteral("titre%1").arg(0 + 1))->Caption() == QStringLiteral("Tonight"))
+        << Named<Label>(window, QStringLiteral("titre%1").arg(0 + 1))->Caption().toStdString();
     for (int block = 0; block < 6; ++block) {
-        EXPECT_FALSE(window.Titre(block)->Caption().isEmpty()) << block;
+        EXPECT_FALSE(Named<Label>(window, QStringLiteral("titre%1").arg(block + 1))->Caption().isEmpty()) << block;
         // Each block ends in its temperature, converted: "High 59F(15)c."
-        EXPECT_TRUE(window.Texte(block)->Caption().contains(QRegularExpression(QStringLiteral("F\\(-?[0-9]+\\)c\\.$"))))
-            << block << ": " << window.Texte(block)->Caption().toStdString();
+        EXPECT_TRUE(Named<Label>(window, QStringLiteral("Label%1").arg(block + 1))
+                        ->Caption()
+                        .contains(QRegularExpression(QStringLiteral("F\\(-?[0-9]+\\)c\\.$"))))
+            << block << ": " << Named<Label>(window, QStringLiteral("Label%1").arg(block + 1))->Caption().toStdString();
     }
     const QStringList asked = World().SourceRequests().filter(QStringLiteral("/compact?"));
     ASSERT_EQ(asked.size(), 1);
@@ -337,7 +341,7 @@ TEST_F(Gateway, ARightClickShowsTheForecastMadeFromTheSourceInSixBlocks) {
     EXPECT_TRUE(asked.first().startsWith(QStringLiteral("GET /weatherapi/locationforecast/2.0/compact?lat=49.")))
         << asked.first().toStdString();
     EXPECT_TRUE(asked.first().contains(QStringLiteral("tests@skelda.invalid")));
-    EXPECT_TRUE(Form().T.Enabled());
+    EXPECT_TRUE(T(Form()).Enabled());
 }
 
 TEST_F(Gateway, ManyRightClicksAskTheSourceOncePerCode) {

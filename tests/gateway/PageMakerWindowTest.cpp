@@ -15,8 +15,14 @@ protected:
         Presser(LigneBourget, Qt::RightButton);
         ForecastForm& f = Prevision();
         QStringList shown;
-        for (Label* titre : {f.titre1, f.titre2, f.titre3, f.titre4, f.titre5, f.titre6}) shown << titre->Caption();
-        for (Label* texte : {f.Label1, f.Label2, f.Label3, f.Label4, f.Label5, f.Label6}) shown << texte->Caption();
+        for (Label* titre : {Named<Label>(f, QStringLiteral("titre1")), Named<Label>(f, QStringLiteral("titre2")),
+                             Named<Label>(f, QStringLiteral("titre3")), Named<Label>(f, QStringLiteral("titre4")),
+                             Named<Label>(f, QStringLiteral("titre5")), Named<Label>(f, QStringLiteral("titre6"))})
+            shown << titre->Caption();
+        for (Label* texte : {Named<Label>(f, QStringLiteral("Label1")), Named<Label>(f, QStringLiteral("Label2")),
+                             Named<Label>(f, QStringLiteral("Label3")), Named<Label>(f, QStringLiteral("Label4")),
+                             Named<Label>(f, QStringLiteral("Label5")), Named<Label>(f, QStringLiteral("Label6"))})
+            shown << texte->Caption();
         return shown;
     }
 };

@@ -8,7 +8,7 @@
 # library's, so that nothing is handed on that no header needs. A program's files (a test's or a
 # benchmark's) may include the headers of the libraries it links and of all that these bring
 # publicly, as the compiler finds them. Fails with every include and every link that breaks a
-# rule, and with any cycle among the libraries.
+# rule, with any cycle among the libraries, and with any library that names a form of another.
 cmake_minimum_required(VERSION 3.25)
 
 file(STRINGS ${MANIFEST} lines)
@@ -171,9 +171,54 @@ foreach(name IN LISTS targets)
     endif()
 endforeach()
 
+# The forms meet through the interfaces of forms/: no library names a form of another library.
+# Only the code that wires the forms does: the library `app`, where the program tells how each
+# form is made, the program itself, its tests and its benchmarks. A form is a class whose header
+# declares the library it belongs to (`std::string_view Library = "..."`); its name counts
+# outside comments.
+set(forms "")
+foreach(name IN LISTS targets)
+    if(NOT kind_${name} STREQUAL "library")
+        continue()
+    endif()
+    foreach(file IN LISTS files_${name})
+        if(NOT file MATCHES "\\.h$")
+            continue()
+        endif()
+        file(READ ${file} text)
+        if(NOT text MATCHES "std::string_view Library = \"")
+            continue()
+        endif()
+        string(REGEX MATCHALL "\nclass [A-Za-z_][A-Za-z0-9_]* : public" declarations "${text}")
+        foreach(declaration IN LISTS declarations)
+            string(REGEX REPLACE "\nclass ([A-Za-z0-9_]+) : public" "\\1" form "${declaration}")
+            list(APPEND forms ${form})
+            set(form_owner_${form} ${name})
+        endforeach()
+    endforeach()
+endforeach()
+foreach(name IN LISTS targets)
+    if(NOT kind_${name} STREQUAL "library" OR name STREQUAL "app")
+        continue()
+    endif()
+    foreach(source IN LISTS files_${name})
+        file(STRINGS ${source} lines)
+        foreach(line IN LISTS lines)
+            string(REGEX REPLACE "//.*$" "" code "${line}")
+            foreach(form IN LISTS forms)
+                if(NOT form_owner_${form} STREQUAL name AND code MATCHES "(^|[^A-Za-z0-9_])${form}([^A-Za-z0-9_]|$)")
+                    get_filename_component(file ${source} NAME)
+                    string(APPEND problems "  ${file} of ${name} names the form ${form} of ${form_owner_${form}}\n")
+                endif()
+            endforeach()
+        endforeach()
+    endforeach()
+endforeach()
+
 if(problems)
     message(FATAL_ERROR "The layering of the libraries is broken:\n${problems}")
 endif()
 list(LENGTH targets count)
+list(LENGTH forms formCount)
 message(STATUS "${count} libraries and programs: every include is of a linked library, every public link is "
-               "needed by a header, and no link runs back")
+               "needed by a header, no link runs back, and ${formCount} forms are named by their own libraries alone")

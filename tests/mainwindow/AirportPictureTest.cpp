@@ -9,7 +9,9 @@ namespace {
 
 class AirportPicture : public MainWindow {
 protected:
-    QColor Shown(Form1& form) const { return form.Picture1->Picture().toImage().pixelColor(10, 10); }
+    QColor Shown(Form1& form) const {
+        return Named<PictureBox>(form, QStringLiteral("Picture1"))->Picture().toImage().pixelColor(10, 10);
+    }
     int Failure(Form1& form, const QString& idx) {
         try {
             form.AfficherImage(idx);
@@ -107,9 +109,9 @@ TEST_F(AirportPicture, ALargerPictureIsShownAtItsOwnSizeFromTheTopLeftAndCut) {
     SaveBitmap(QStringLiteral("Images/LFPB.BMP"), Qt::green, QSize(300, 200));
     Form1& form = Form();
     // The box is 1755 by 1125 twips, 117 by 75 pixels: the picture isn't shrunk to it.
-    ASSERT_EQ(form.Picture1->size(), QSize(117, 75));
-    EXPECT_EQ(form.Picture1->Picture().size(), QSize(300, 200));
-    EXPECT_EQ(form.Picture1->pixmap().size(), QSize(300, 200));
-    EXPECT_EQ(form.Picture1->alignment(), Qt::AlignLeft | Qt::AlignTop);
-    EXPECT_EQ(form.Picture1->size(), QSize(117, 75));
+    ASSERT_EQ(Named<PictureBox>(form, QStringLiteral("Picture1"))->size(), QSize(117, 75));
+    EXPECT_EQ(Named<PictureBox>(form, QStringLiteral("Picture1"))->Picture().size(), QSize(300, 200));
+    EXPECT_EQ(Named<PictureBox>(form, QStringLiteral("Picture1"))->pixmap().size(), QSize(300, 200));
+    EXPECT_EQ(Named<PictureBox>(form, QStringLiteral("Picture1"))->alignment(), Qt::AlignLeft | Qt::AlignTop);
+    EXPECT_EQ(Named<PictureBox>(form, QStringLiteral("Picture1"))->size(), QSize(117, 75));
 }

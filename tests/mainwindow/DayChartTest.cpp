@@ -36,7 +36,7 @@ protected:
 
     int SlotOfTag(const Form1& form, const QString& metaf) const {
         for (int i = 0; i < 48; ++i)
-            if (form.FKNT[i]->Tag == metaf) return i;
+            if (Named<Label>(form, Indexed("FKNT", i))->Tag == metaf) return i;
         return -1;
     }
 
@@ -68,7 +68,9 @@ TEST_F(DayChart, MinutesRoundToSlotsHalvesToEven) {
     EXPECT_EQ(recording.Boxes().size(), 4u);
     EXPECT_EQ(Arrows().size(), 4u);
     // It is the day's last row all the same.
-    EXPECT_TRUE(form.TXTbulletin->Caption().startsWith(QStringLiteral("02/11/2004 23:45:00") + CrLf));
+    EXPECT_TRUE(Named<Label>(form, QStringLiteral("TXTbulletin"))
+                    ->Caption()
+                    .startsWith(QStringLiteral("02/11/2004 23:45:00") + CrLf));
 }
 
 TEST_F(DayChart, OnlyTheSelectedAirportsSelectedDayIsDrawn) {
@@ -76,19 +78,19 @@ TEST_F(DayChart, OnlyTheSelectedAirportsSelectedDayIsDrawn) {
     otherDay.day = QDate(2004, 2, 11);  // the same numbers, day first: must not be taken
     TestObservation otherAirport = Releve(Heathrow, 11, 0);
     Form1& form = Draw({Releve(LeBourget, 10, 0), otherDay, otherAirport});
-    form.ChoixDate->SetListIndex(1);  // 02/11/2004, after 11/02/2004
+    Named<ComboBox>(form, QStringLiteral("ChoixDate"))->SetListIndex(1);  // 02/11/2004, after 11/02/2004
     Redraw(form);
     EXPECT_EQ(recording.Boxes().size(), 1u);
-    EXPECT_EQ(form.FKNT[20]->Tag, QStringLiteral("LFPB 021000Z 24010KT CAVOK 12/08 Q1015"));
-    EXPECT_EQ(form.FKNT[18]->Tag, QString());
-    EXPECT_EQ(form.FKNT[22]->Tag, QString());
+    EXPECT_EQ(Named<Label>(form, Indexed("FKNT", 20))->Tag, QStringLiteral("LFPB 021000Z 24010KT CAVOK 12/08 Q1015"));
+    EXPECT_EQ(Named<Label>(form, Indexed("FKNT", 18))->Tag, QString());
+    EXPECT_EQ(Named<Label>(form, Indexed("FKNT", 22))->Tag, QString());
 }
 
 TEST_F(DayChart, TwoRowsInOneSlotLeaveTheLatersTextOverBothBars) {
     TestObservation first = Releve(LeBourget, 10, 0, 20);
     TestObservation second = Releve(LeBourget, 10, 10, 5);
     Form1& form = Draw({first, second});
-    EXPECT_EQ(form.FKNT[20]->Tag, second.metaf);
+    EXPECT_EQ(Named<Label>(form, Indexed("FKNT", 20))->Tag, second.metaf);
     EXPECT_EQ(recording.Boxes().size(), 2u);
 }
 
@@ -97,8 +99,8 @@ TEST_F(DayChart, TwoRowsInOneSlotLeaveTheLatersTextOverBothBars) {
 TEST_F(DayChart, ABarStandsOnTheFootWithItsHeightReadBackFromTheLabel) {
     Form1& form = Draw({Releve(LeBourget, 10, 0, 10)});
     // 10 knots are 480.2 twips, kept as 32 pixels: 480; the top follows from that.
-    EXPECT_EQ(HeightOf(form.FKNT[20]), 480);
-    EXPECT_EQ(TopOf(form.FKNT[20]), 3195);
+    EXPECT_EQ(HeightOf(Named<Label>(form, Indexed("FKNT", 20))), 480);
+    EXPECT_EQ(TopOf(Named<Label>(form, Indexed("FKNT", 20))), 3195);
     ASSERT_EQ(recording.Boxes().size(), 1u);
     const DrawCall bar = recording.Boxes()[0];
     EXPECT_EQ(bar.x1, 5940);
@@ -106,7 +108,7 @@ TEST_F(DayChart, ABarStandsOnTheFootWithItsHeightReadBackFromTheLabel) {
     EXPECT_EQ(bar.x2, 5940 + 195 - 15);
     EXPECT_EQ(bar.y2, 3195 + 480 - 15);
     EXPECT_EQ(bar.drawWidth, 1);
-    EXPECT_TRUE(form.FKNT[20]->isHidden());  // the label itself never shows
+    EXPECT_TRUE(Named<Label>(form, Indexed("FKNT", 20))->isHidden());  // the label itself never shows
 }
 
 TEST_F(DayChart, AVariableWindHasABarOfNoHeightInClassZero) {
@@ -114,8 +116,8 @@ TEST_F(DayChart, AVariableWindHasABarOfNoHeightInClassZero) {
     row.variable = true;
     row.orientation = QStringLiteral("0");
     Form1& form = Draw({row});
-    EXPECT_EQ(HeightOf(form.FKNT[20]), 0);
-    EXPECT_EQ(TopOf(form.FKNT[20]), 3675);
+    EXPECT_EQ(HeightOf(Named<Label>(form, Indexed("FKNT", 20))), 0);
+    EXPECT_EQ(TopOf(Named<Label>(form, Indexed("FKNT", 20))), 3675);
     ASSERT_EQ(recording.Boxes().size(), 1u);
     EXPECT_EQ(recording.Boxes()[0].fillColor, RGB(227, 240, 255));
     EXPECT_EQ(recording.Boxes()[0].color, std::optional<Color>(RGB(193, 222, 255)));
@@ -151,17 +153,17 @@ TEST_F(DayChart, FiftyKnotsFillTheChartAndMoreRunPastTheTop) {
     EXPECT_EQ(Failure(form), SubscriptOutOfRange);
     // 2401 twips, kept as 160 pixels, 2400 twips; the top at 3662 - 2400 + 15, just under the
     // chart's top line at 1261.
-    EXPECT_EQ(HeightOf(form.FKNT[20]), 2400);
-    EXPECT_EQ(TopOf(form.FKNT[20]), 1275);
-    EXPECT_GE(TopOf(form.FKNT[20]), 1261);
+    EXPECT_EQ(HeightOf(Named<Label>(form, Indexed("FKNT", 20))), 2400);
+    EXPECT_EQ(TopOf(Named<Label>(form, Indexed("FKNT", 20))), 1275);
+    EXPECT_GE(TopOf(Named<Label>(form, Indexed("FKNT", 20))), 1261);
 
     // 60 knots, earlier in the day so that the chart stops there: 2881.2 twips, 192 pixels,
     // 2880 twips, and the top at 795, above the chart.
     db.AddObservation(Releve(LeBourget, 8, 0, 60));
     EXPECT_EQ(Failure(form), SubscriptOutOfRange);
-    EXPECT_EQ(HeightOf(form.FKNT[16]), 2880);
-    EXPECT_EQ(TopOf(form.FKNT[16]), 795);
-    EXPECT_LT(TopOf(form.FKNT[16]), 1261);
+    EXPECT_EQ(HeightOf(Named<Label>(form, Indexed("FKNT", 16))), 2880);
+    EXPECT_EQ(TopOf(Named<Label>(form, Indexed("FKNT", 16))), 795);
+    EXPECT_LT(TopOf(Named<Label>(form, Indexed("FKNT", 16))), 1261);
 }
 
 TEST_F(DayChart, FortyNineKnotsStopTheChartAtTheEdgeColour) {
@@ -172,10 +174,11 @@ TEST_F(DayChart, FortyNineKnotsStopTheChartAtTheEdgeColour) {
     EXPECT_EQ(recording.Boxes().size(), 1u);  // the 10-knot bar only
     // Step 6 went through: the fill colour of class 10 is set.
     EXPECT_EQ(recording.FillColor(), RGB(0, 59, 126));
-    EXPECT_EQ(form.FKNT[22]->Tag, strong.metaf);
+    EXPECT_EQ(Named<Label>(form, Indexed("FKNT", 22))->Tag, strong.metaf);
     // No handling: the database stays open, and the bulletin of the last drawing stays.
     EXPECT_FALSE(form.BaseReleves.IsNothing());
-    EXPECT_TRUE(form.TXTbulletin->Caption().startsWith(QStringLiteral("02/11/2004 10:00:00")));
+    EXPECT_TRUE(
+        Named<Label>(form, QStringLiteral("TXTbulletin"))->Caption().startsWith(QStringLiteral("02/11/2004 10:00:00")));
 }
 
 TEST_F(DayChart, FiftyFourKnotsStopTheChartAtTheClass) {
@@ -192,7 +195,7 @@ TEST_F(DayChart, TheFirstBarOfARunIsEmptyAndTheArrowsMakeTheRestSolid) {
     // The chart never sets FillStyle: the first arrow leaves it solid.
     Draw({Releve(LeBourget, 10, 0), Releve(LeBourget, 11, 0)});
     RecordingSurface fresh;
-    Form().drawingSurface = &fresh;
+    Form().DrawOn(fresh);
     Form().TracerCourbe();
     const auto bars = fresh.Boxes();
     ASSERT_EQ(bars.size(), 2u);
@@ -311,8 +314,9 @@ TEST_F(DayChart, CurvesJoinAcrossMissingSlotsAndNullValues) {
 TEST_F(DayChart, EachSlotKeepsItsMetafAndTellsItsWindInItsToolTip) {
     TestObservation row = Releve(LeBourget, 10, 0, 12);
     Form1& form = Draw({row});
-    EXPECT_EQ(form.FKNT[20]->Tag, row.metaf);
-    EXPECT_EQ(form.FKNT[20]->toolTip(), QStringLiteral("12 Noeuds - Force 4 de West South West - Pression 1015 hpa."));
+    EXPECT_EQ(Named<Label>(form, Indexed("FKNT", 20))->Tag, row.metaf);
+    EXPECT_EQ(Named<Label>(form, Indexed("FKNT", 20))->toolTip(),
+              QStringLiteral("12 Noeuds - Force 4 de West South West - Pression 1015 hpa."));
 }
 
 TEST_F(DayChart, ANullPressureJoinsTheToolTipAsAnEmptyText) {
@@ -320,7 +324,8 @@ TEST_F(DayChart, ANullPressureJoinsTheToolTipAsAnEmptyText) {
     row.pression.reset();
     row.orientation = QStringLiteral("000");
     Form1& form = Draw({row});
-    EXPECT_EQ(form.FKNT[20]->toolTip(), QStringLiteral("2 Noeuds - Force 1 de North - Pression  hpa."));
+    EXPECT_EQ(Named<Label>(form, Indexed("FKNT", 20))->toolTip(),
+              QStringLiteral("2 Noeuds - Force 1 de North - Pression  hpa."));
 }
 
 TEST_F(DayChart, ANullMetafIsAnInvalidUseOfNull) {
@@ -354,12 +359,13 @@ TEST_F(DayChart, TheSkyGivesSunSunAndCloudOrCloud) {
     broken.nuage = QStringLiteral(" Broken clouds at  1000 feets.");
     broken.metaf = QStringLiteral("LFPB 020400Z 24010KT 9999 BKN010 12/08 Q1015");
     Form1& form = Draw({clear, few, scattered, broken});
-    EXPECT_EQ(form.ICO[1]->PictureKey, QStringLiteral("SUN"));
-    EXPECT_EQ(form.ICO[2]->PictureKey, QStringLiteral("SUNCLOUD"));
-    EXPECT_EQ(form.ICO[3]->PictureKey, QStringLiteral("SUNCLOUD"));
-    EXPECT_EQ(form.ICO[4]->PictureKey, QStringLiteral("CLOUD"));
-    EXPECT_EQ(form.ICO[4]->Picture().toImage(), form.ImageList2.ListImages(QStringLiteral("CLOUD")).toImage());
-    EXPECT_TRUE(form.ICO[5]->Picture().isNull());
+    EXPECT_EQ(Named<Image>(form, Indexed("ICO", 1))->PictureKey, QStringLiteral("SUN"));
+    EXPECT_EQ(Named<Image>(form, Indexed("ICO", 2))->PictureKey, QStringLiteral("SUNCLOUD"));
+    EXPECT_EQ(Named<Image>(form, Indexed("ICO", 3))->PictureKey, QStringLiteral("SUNCLOUD"));
+    EXPECT_EQ(Named<Image>(form, Indexed("ICO", 4))->PictureKey, QStringLiteral("CLOUD"));
+    EXPECT_EQ(Named<Image>(form, Indexed("ICO", 4))->Picture().toImage(),
+              form.ImageList2.ListImages(QStringLiteral("CLOUD")).toImage());
+    EXPECT_TRUE(Named<Image>(form, Indexed("ICO", 5))->Picture().isNull());
 }
 
 TEST_F(DayChart, AnyNullSkyIsSun) {
@@ -368,7 +374,7 @@ TEST_F(DayChart, AnyNullSkyIsSun) {
         "INSERT INTO \"Zefir\" (\"NumAéroport\", \"daterelevé\", \"heurerelevé\", \"forcenoeuds\", "
         "\"orientationdegré\", \"METAF\") VALUES (1, '2004-11-20', '06:00:00', 5, '240', 'LFPB BKN010')")));
     Redraw(form);
-    EXPECT_EQ(form.ICO[6]->PictureKey, QStringLiteral("SUN"));
+    EXPECT_EQ(Named<Image>(form, Indexed("ICO", 6))->PictureKey, QStringLiteral("SUN"));
 }
 
 TEST_F(DayChart, TheWeatherGoesOverTheSkyAndTheLastMatchWins) {
@@ -385,7 +391,8 @@ TEST_F(DayChart, TheWeatherGoesOverTheSkyAndTheLastMatchWins) {
     }
     Form1& form = Draw(rows);
     for (int h = 0; h < int(std::size(cases)); ++h)
-        EXPECT_EQ(form.ICO[h]->PictureKey, QString::fromUtf8(cases[h].second)) << cases[h].first;
+        EXPECT_EQ(Named<Image>(form, Indexed("ICO", h))->PictureKey, QString::fromUtf8(cases[h].second))
+            << cases[h].first;
 }
 
 TEST_F(DayChart, AnHoursLastRowBeforeMinuteTwentyGivesItsPicture) {
@@ -395,23 +402,23 @@ TEST_F(DayChart, AnHoursLastRowBeforeMinuteTwentyGivesItsPicture) {
     TestObservation after = Releve(LeBourget, 9, 40);  // too late for the picture
     after.temps = QStringLiteral(" brouillard");
     Form1& form = Draw({early, later, after});
-    EXPECT_EQ(form.ICO[9]->PictureKey, QStringLiteral("RAIN"));
+    EXPECT_EQ(Named<Image>(form, Indexed("ICO", 9))->PictureKey, QStringLiteral("RAIN"));
 }
 
 TEST_F(DayChart, AnHourWithRowsOnlyFromMinuteTwentyKeepsNoPicture) {
     Form1& form = Draw({Releve(LeBourget, 12, 20), Releve(LeBourget, 12, 40)});
-    EXPECT_EQ(form.ICO[12]->PictureKey, QString());
-    EXPECT_TRUE(form.ICO[12]->Picture().isNull());
+    EXPECT_EQ(Named<Image>(form, Indexed("ICO", 12))->PictureKey, QString());
+    EXPECT_TRUE(Named<Image>(form, Indexed("ICO", 12))->Picture().isNull());
     EXPECT_EQ(recording.Boxes().size(), 2u);
 }
 
 TEST_F(DayChart, EachDrawingStartsFromAnEmptyChart) {
     Form1& form = Draw({Releve(LeBourget, 10, 0)});
-    ASSERT_EQ(form.ICO[10]->PictureKey, QStringLiteral("SUN"));
-    form.List1->SetListIndex(LigneHeathrow);  // no rows that day
-    EXPECT_EQ(form.ICO[10]->PictureKey, QString());
-    EXPECT_TRUE(form.ICO[10]->Picture().isNull());
-    EXPECT_EQ(form.FKNT[20]->Tag, QString());
+    ASSERT_EQ(Named<Image>(form, Indexed("ICO", 10))->PictureKey, QStringLiteral("SUN"));
+    Named<ListBox>(form, QStringLiteral("List1"))->SetListIndex(LigneHeathrow);  // no rows that day
+    EXPECT_EQ(Named<Image>(form, Indexed("ICO", 10))->PictureKey, QString());
+    EXPECT_TRUE(Named<Image>(form, Indexed("ICO", 10))->Picture().isNull());
+    EXPECT_EQ(Named<Label>(form, Indexed("FKNT", 20))->Tag, QString());
     EXPECT_EQ(recording.Calls().front().op, DrawOp::Cls);
 }
 
@@ -422,12 +429,13 @@ TEST_F(DayChart, TheBulletinOfAGustyThirtyKnotRowRepeatsTheMeanForce) {
     row.forcerafale = 45;
     row.temps = QStringLiteral("  pluie  ");
     Form1& form = Draw({row});
-    EXPECT_EQ(form.TXTbulletin->Caption(), QStringLiteral("02/11/2004 10:00:00\r\n"
-                                                          "Wind from West South West Force 7 avec rafale à Force 7\r\n"
-                                                          "Visibility greater then 10 Km\r\n"
-                                                          "pluie\r\n"
-                                                          "Temperature undercover 12° C.\r\n"
-                                                          "Pressure 1015 hpa"));
+    EXPECT_EQ(Named<Label>(form, QStringLiteral("TXTbulletin"))->Caption(),
+              QStringLiteral("02/11/2004 10:00:00\r\n"
+                             "Wind from West South West Force 7 avec rafale à Force 7\r\n"
+                             "Visibility greater then 10 Km\r\n"
+                             "pluie\r\n"
+                             "Temperature undercover 12° C.\r\n"
+                             "Pressure 1015 hpa"));
 }
 
 TEST_F(DayChart, TheBulletinOfAShiftingWindNamesBothEnds) {
@@ -435,8 +443,10 @@ TEST_F(DayChart, TheBulletinOfAShiftingWindNamesBothEnds) {
     row.secteur1 = 200;
     row.secteur2 = 280;
     Form1& form = Draw({row});
-    EXPECT_TRUE(form.TXTbulletin->Caption().contains(
-        QStringLiteral("Wind from West South West Force 4 Shifting from South South West to  West\r\n")));
+    EXPECT_TRUE(
+        Named<Label>(form, QStringLiteral("TXTbulletin"))
+            ->Caption()
+            .contains(QStringLiteral("Wind from West South West Force 4 Shifting from South South West to  West\r\n")));
 }
 
 TEST_F(DayChart, TheBulletinOfAVariableWindGivesItsUpperBound) {
@@ -445,17 +455,19 @@ TEST_F(DayChart, TheBulletinOfAVariableWindGivesItsUpperBound) {
     row.orientation = QStringLiteral("0");
     row.secteur1 = 200;  // not looked at for a variable wind
     Form1& form = Draw({row});
-    EXPECT_EQ(form.TXTbulletin->Caption().split(CrLf).at(1), QStringLiteral("Wind Variable less then 3 Knts"));
+    EXPECT_EQ(Named<Label>(form, QStringLiteral("TXTbulletin"))->Caption().split(CrLf).at(1),
+              QStringLiteral("Wind Variable less then 3 Knts"));
 }
 
 TEST_F(DayChart, EmptyPhrasesLeaveNoEmptyLineInOnePass) {
     TestObservation row = Releve(LeBourget, 10, 0, 12);
     row.visibilite.clear();  // with no weather either: three line ends in a row
     Form1& form = Draw({row});
-    EXPECT_EQ(form.TXTbulletin->Caption(), QStringLiteral("02/11/2004 10:00:00\r\n"
-                                                          "Wind from West South West Force 4\r\n\r\n"
-                                                          "Temperature undercover 12° C.\r\n"
-                                                          "Pressure 1015 hpa"));
+    EXPECT_EQ(Named<Label>(form, QStringLiteral("TXTbulletin"))->Caption(),
+              QStringLiteral("02/11/2004 10:00:00\r\n"
+                             "Wind from West South West Force 4\r\n\r\n"
+                             "Temperature undercover 12° C.\r\n"
+                             "Pressure 1015 hpa"));
 }
 
 TEST_F(DayChart, NullTemperatureAndPressureLeaveTheirWordsBare) {
@@ -463,19 +475,21 @@ TEST_F(DayChart, NullTemperatureAndPressureLeaveTheirWordsBare) {
     row.temperature.reset();
     row.pression.reset();
     Form1& form = Draw({row});
-    EXPECT_TRUE(form.TXTbulletin->Caption().endsWith(QStringLiteral("Temperature undercover ° C.\r\nPressure  hpa")));
+    EXPECT_TRUE(Named<Label>(form, QStringLiteral("TXTbulletin"))
+                    ->Caption()
+                    .endsWith(QStringLiteral("Temperature undercover ° C.\r\nPressure  hpa")));
 }
 
 TEST_F(DayChart, NoRowMeansAnEmptyChartAnEmptyBulletinAndStillThePicture) {
     Form1& form = Draw({});
-    form.TXTbulletin->SetCaption(QStringLiteral("old"));
-    form.Picture1->SetPicture(QPixmap());
+    Named<Label>(form, QStringLiteral("TXTbulletin"))->SetCaption(QStringLiteral("old"));
+    Named<PictureBox>(form, QStringLiteral("Picture1"))->SetPicture(QPixmap());
     Redraw(form);
     const std::vector<DrawOp> justCls{DrawOp::Cls};
     EXPECT_EQ(recording.Ops(), justCls);
-    EXPECT_EQ(form.TXTbulletin->Caption(), QString());
-    EXPECT_FALSE(form.Picture1->Picture().isNull());
-    for (Image* ico : form.ICO) EXPECT_TRUE(ico->Picture().isNull());
+    EXPECT_EQ(Named<Label>(form, QStringLiteral("TXTbulletin"))->Caption(), QString());
+    EXPECT_FALSE(Named<PictureBox>(form, QStringLiteral("Picture1"))->Picture().isNull());
+    for (Image* ico : NamedArray<Image>(form, "ICO", 0, 23)) EXPECT_TRUE(ico->Picture().isNull());
     EXPECT_TRUE(form.BaseReleves.IsNothing());
     EXPECT_TRUE(form.JeuReleves.IsNothing());
 }
@@ -487,26 +501,27 @@ TEST_F(DayChart, ATypedObservationOfTheAirportIsNotInItsChart) {
               QString());
     ASSERT_EQ(db.Count(QStringLiteral("Zefir")), 1);
     Form1& form = Draw({});
-    ASSERT_EQ(form.ChoixDate->Text(), QStringLiteral("02/11/2004"));  // the day is listed...
-    ASSERT_EQ(form.List1->ListIndex(), LigneLeBourget);
+    ASSERT_EQ(Named<ComboBox>(form, QStringLiteral("ChoixDate"))->Text(),
+              QStringLiteral("02/11/2004"));  // the day is listed...
+    ASSERT_EQ(Named<ListBox>(form, QStringLiteral("List1"))->ListIndex(), LigneLeBourget);
     EXPECT_EQ(recording.Count(DrawOp::Box), 0);  // ...but Le Bourget's chart has nothing of it
-    for (const Label* slot : form.FKNT) EXPECT_EQ(slot->Tag, QString());
-    EXPECT_EQ(form.TXTbulletin->Caption(), QString());
+    for (const Label* slot : NamedArray<Label>(form, "FKNT", 0, 47)) EXPECT_EQ(slot->Tag, QString());
+    EXPECT_EQ(Named<Label>(form, QStringLiteral("TXTbulletin"))->Caption(), QString());
 }
 
 TEST_F(DayChart, NothingSelectedClearsTheSurfaceAndTouchesNothingElse) {
     Form1& form = Draw({Releve(LeBourget, 10, 0)});
-    const QString bulletin = form.TXTbulletin->Caption();
-    const qint64 picture = form.Picture1->Picture().cacheKey();
+    const QString bulletin = Named<Label>(form, QStringLiteral("TXTbulletin"))->Caption();
+    const qint64 picture = Named<PictureBox>(form, QStringLiteral("Picture1"))->Picture().cacheKey();
     const int logLines = int(LogText().count(QStringLiteral("\r\n")));
     ASSERT_TRUE(QFile::remove(db.Path()));  // any opening would fail now
     recording.Clear();
-    form.List1->SetListIndex(-1);
+    Named<ListBox>(form, QStringLiteral("List1"))->SetListIndex(-1);
     const std::vector<DrawOp> justCls{DrawOp::Cls};
     EXPECT_EQ(recording.Ops(), justCls);
-    EXPECT_EQ(form.TXTbulletin->Caption(), bulletin);
-    EXPECT_EQ(form.Picture1->Picture().cacheKey(), picture);
-    EXPECT_EQ(form.FKNT[20]->Tag, QString());
+    EXPECT_EQ(Named<Label>(form, QStringLiteral("TXTbulletin"))->Caption(), bulletin);
+    EXPECT_EQ(Named<PictureBox>(form, QStringLiteral("Picture1"))->Picture().cacheKey(), picture);
+    EXPECT_EQ(Named<Label>(form, Indexed("FKNT", 20))->Tag, QString());
     EXPECT_EQ(int(LogText().count(QStringLiteral("\r\n"))), logLines);
 }
 
@@ -519,7 +534,7 @@ TEST_F(DayChart, TheDatabaseIsClosedAfterADrawing) {
 TEST_F(DayChart, DrawsOnTheFormItselfByDefault) {
     db.AddObservation(Releve(LeBourget, 10, 0, 20));
     Form1& form = Form();
-    EXPECT_EQ(form.drawingSurface, static_cast<Surface*>(&form));
+    EXPECT_EQ(&form.DrawingSurface(), static_cast<Surface*>(&form));
     // Inside the bar of slot 20 (20 knots, class 4), 60 twips right of its edge at 2340 + 180 x 20
     // = 5940 twips, 396 pixels; at y 3500 twips, 233 pixels.
     const QPoint inside(400, 233);

@@ -40,17 +40,17 @@ TEST_F(Form1Controls, EveryControlIsFoundByItsDesignName) {
           "Label2",  "Label3",  "Label6",    "TXTforce", "PV",       "Label4",     "Label5",      "Label7",
           "Label11", "Label12", "Picture1",  "Shape1",   "Shape2",   "wwwsource"})
         EXPECT_NE(Find(QLatin1String(name)), nullptr) << name;
-    for (int i = 0; i < 48; ++i) EXPECT_EQ(Find(Indexed("FKNT", i)), form->FKNT[i]) << i;
+    for (int i = 0; i < 48; ++i) EXPECT_EQ(Find(Indexed("FKNT", i)), Named<Label>(*form, Indexed("FKNT", i))) << i;
     for (int i = 0; i < 24; ++i) {
-        EXPECT_EQ(Find(Indexed("Label8", i)), form->Label8[i]) << i;
-        EXPECT_EQ(Find(Indexed("ICO", i)), form->ICO[i]) << i;
+        EXPECT_EQ(Find(Indexed("Label8", i)), Named<Label>(*form, Indexed("Label8", i))) << i;
+        EXPECT_EQ(Find(Indexed("ICO", i)), Named<Image>(*form, Indexed("ICO", i))) << i;
     }
-    for (int i = 0; i < 11; ++i) EXPECT_EQ(Find(Indexed("Label9", i)), form->Label9[i]) << i;
-    for (int i = 0; i < 3; ++i) EXPECT_EQ(Find(Indexed("Label10", i)), form->Label10[i]) << i;
-    for (int i = 0; i < 4; ++i) EXPECT_EQ(Find(Indexed("TxtDir", i)), form->TxtDir[i]) << i;
-    EXPECT_EQ(Find(QStringLiteral("List1")), form->List1);
-    EXPECT_EQ(Find(QStringLiteral("PV")), form->PV);
-    EXPECT_EQ(Find(QStringLiteral("Picture1")), form->Picture1);
+    for (int i = 0; i < 11; ++i) EXPECT_EQ(Find(Indexed("Label9", i)), Named<Label>(*form, Indexed("Label9", i))) << i;
+    for (int i = 0; i < 3; ++i) EXPECT_EQ(Find(Indexed("Label10", i)), Named<Label>(*form, Indexed("Label10", i))) << i;
+    for (int i = 0; i < 4; ++i) EXPECT_EQ(Find(Indexed("TxtDir", i)), Named<Label>(*form, Indexed("TxtDir", i))) << i;
+    EXPECT_EQ(Find(QStringLiteral("List1")), Named<ListBox>(*form, QStringLiteral("List1")));
+    EXPECT_EQ(Find(QStringLiteral("PV")), Named<SurfaceWidget>(*form, QStringLiteral("PV")));
+    EXPECT_EQ(Find(QStringLiteral("Picture1")), Named<PictureBox>(*form, QStringLiteral("Picture1")));
 }
 
 TEST_F(Form1Controls, TheWindowIsSkeldaWithAFixedClientAreaOf11715By4515Twips) {
@@ -62,23 +62,25 @@ TEST_F(Form1Controls, TheWindowIsSkeldaWithAFixedClientAreaOf11715By4515Twips) {
 }
 
 TEST_F(Form1Controls, DesignTextsStandLetterForLetter) {
-    EXPECT_EQ(form->Frame4->title(), QStringLiteral("Aiarport"));
-    EXPECT_EQ(form->LeBulletin->title(), QStringLiteral("Prévisions :"));
-    EXPECT_EQ(form->TXTtitre->Caption(), QStringLiteral("Last Observation"));
-    EXPECT_EQ(form->Label4->Caption(), QStringLiteral("Local Time:"));
-    EXPECT_EQ(form->Label7->Caption(), QStringLiteral("Zulu:"));
-    EXPECT_EQ(form->Label12->Caption(), QStringLiteral("Skelda B.0.032"));
-    EXPECT_EQ(form->List1->toolTip(),
+    EXPECT_EQ(Named<QGroupBox>(*form, QStringLiteral("Frame4"))->title(), QStringLiteral("Aiarport"));
+    EXPECT_EQ(Named<QGroupBox>(*form, QStringLiteral("LeBulletin"))->title(), QStringLiteral("Prévisions :"));
+    EXPECT_EQ(Named<Label>(*form, QStringLiteral("TXTtitre"))->Caption(), QStringLiteral("Last Observation"));
+    EXPECT_EQ(Named<Label>(*form, QStringLiteral("Label4"))->Caption(), QStringLiteral("Local Time:"));
+    EXPECT_EQ(Named<Label>(*form, QStringLiteral("Label7"))->Caption(), QStringLiteral("Zulu:"));
+    EXPECT_EQ(Named<Label>(*form, QStringLiteral("Label12"))->Caption(), QStringLiteral("Skelda B.0.032"));
+    EXPECT_EQ(Named<ListBox>(*form, QStringLiteral("List1"))->toolTip(),
               QStringLiteral("Click pour voir le graphique - Double Click pour faire un relevé."));
-    EXPECT_EQ(form->TXTbulletin->Caption(), QString());
+    EXPECT_EQ(Named<Label>(*form, QStringLiteral("TXTbulletin"))->Caption(), QString());
     const QStringList letters{QStringLiteral("O"), QStringLiteral("N"), QStringLiteral("E"), QStringLiteral("S")};
-    for (int i = 0; i < 4; ++i) EXPECT_EQ(form->TxtDir[i]->Caption(), letters[i]);
-    for (int i = 0; i < 4; ++i) EXPECT_EQ(form->TxtDir[i]->parentWidget(), form->PV);  // over the dial
+    for (int i = 0; i < 4; ++i) EXPECT_EQ(Named<Label>(*form, Indexed("TxtDir", i))->Caption(), letters[i]);
+    for (int i = 0; i < 4; ++i)
+        EXPECT_EQ(Named<Label>(*form, Indexed("TxtDir", i))->parentWidget(),
+                  Named<SurfaceWidget>(*form, QStringLiteral("PV")));  // over the dial
 }
 
 TEST_F(Form1Controls, TheObservationFrameShowsWindAmpersandTemp) {
     // An ampersand shows only when doubled; the single one marks the access key.
-    QString shown = form->Frame1->title();
+    QString shown = Named<QGroupBox>(*form, QStringLiteral("Frame1"))->title();
     shown.replace(QStringLiteral("&&"), QStringLiteral("\x01"))
         .remove(QLatin1Char('&'))
         .replace(QChar(1), QLatin1Char('&'));
@@ -87,9 +89,10 @@ TEST_F(Form1Controls, TheObservationFrameShowsWindAmpersandTemp) {
 
 TEST_F(Form1Controls, HourLabelsRead00To23AtTheirHours) {
     for (int h = 0; h < 24; ++h) {
-        EXPECT_EQ(form->Label8[h]->Caption(), QStringLiteral("%1").arg(h, 2, 10, QLatin1Char('0')));
-        EXPECT_EQ(LeftOf(form->Label8[h]), 2340 + 360 * h);
-        EXPECT_EQ(TopOf(form->Label8[h]), 3840);
+        EXPECT_EQ(Named<Label>(*form, Indexed("Label8", h))->Caption(),
+                  QStringLiteral("%1").arg(h, 2, 10, QLatin1Char('0')));
+        EXPECT_EQ(LeftOf(Named<Label>(*form, Indexed("Label8", h))), 2340 + 360 * h);
+        EXPECT_EQ(TopOf(Named<Label>(*form, Indexed("Label8", h))), 3840);
     }
 }
 
@@ -97,15 +100,15 @@ TEST_F(Form1Controls, ScaleCaptionsByIndexWithTheirColours) {
     const QStringList label9{"50 nds", "40 °",  "0 °",    "8 °",   "16 °",  "24 °",
                              "32 °",   "- 8 °", "- 16 °", "- 24°", "- 32 °"};
     for (int i = 0; i < 11; ++i) {
-        EXPECT_EQ(form->Label9[i]->Caption(), label9[i]) << i;
+        EXPECT_EQ(Named<Label>(*form, Indexed("Label9", i))->Caption(), label9[i]) << i;
         const QColor expected = i == 0 ? QColor(0, 0, 128) : QColor(192, 0, 192);
-        EXPECT_EQ(form->Label9[i]->palette().color(QPalette::WindowText), expected) << i;
+        EXPECT_EQ(Named<Label>(*form, Indexed("Label9", i))->palette().color(QPalette::WindowText), expected) << i;
     }
     const QStringList label10{"0 nds", "25 nds", "1015 hpa"};
     const QColor colours10[] = {QColor(0, 0, 128), QColor(0, 0, 128), QColor(128, 128, 0)};
     for (int i = 0; i < 3; ++i) {
-        EXPECT_EQ(form->Label10[i]->Caption(), label10[i]) << i;
-        EXPECT_EQ(form->Label10[i]->palette().color(QPalette::WindowText), colours10[i]) << i;
+        EXPECT_EQ(Named<Label>(*form, Indexed("Label10", i))->Caption(), label10[i]) << i;
+        EXPECT_EQ(Named<Label>(*form, Indexed("Label10", i))->palette().color(QPalette::WindowText), colours10[i]) << i;
     }
 }
 
@@ -114,13 +117,17 @@ TEST_F(Form1Controls, TheTemperatureCaptionsStandOnTheirGridLinesLeftOfTheAxis) 
     const std::pair<int, int> onLine[] = {{1, 16}, {2, 0}, {3, 4}, {4, 3}, {5, 2},
                                           {6, 1},  {7, 6}, {8, 7}, {9, 8}, {10, 11}};
     for (const auto& [label, line] : onLine) {
-        const double middle = TopOf(form->Label9[label]) + HeightOf(form->Label9[label]) / 2;
+        const double middle = TopOf(Named<Label>(*form, Indexed("Label9", label))) +
+                              HeightOf(Named<Label>(*form, Indexed("Label9", label))) / 2;
         EXPECT_NEAR(middle, form->Line1.at(line).Y1, 15) << label;
-        EXPECT_LE(LeftOf(form->Label9[label]) + WidthOf(form->Label9[label]), 2340) << label;
+        EXPECT_LE(LeftOf(Named<Label>(*form, Indexed("Label9", label))) +
+                      WidthOf(Named<Label>(*form, Indexed("Label9", label))),
+                  2340)
+            << label;
     }
     // The wind scale at the right end.
-    EXPECT_GE(LeftOf(form->Label9[0]), 10983);
-    for (Label* l : form->Label10) EXPECT_GE(LeftOf(l), 10983);
+    EXPECT_GE(LeftOf(Named<Label>(*form, Indexed("Label9", 0))), 10983);
+    for (Label* l : NamedArray<Label>(*form, "Label10", 0, 2)) EXPECT_GE(LeftOf(l), 10983);
 }
 
 TEST_F(Form1Controls, TheAxisRunsFromTheChartsFootToItsTopInRed) {
@@ -134,22 +141,22 @@ TEST_F(Form1Controls, TheAxisRunsFromTheChartsFootToItsTopInRed) {
 TEST_F(Form1Controls, SlotLabelsStandEvery180TwipsAndAreNeverVisible) {
     form->show();
     for (int i = 0; i < 48; ++i) {
-        EXPECT_EQ(LeftOf(form->FKNT[i]), 2340 + 180 * i) << i;
-        EXPECT_EQ(TopOf(form->FKNT[i]), 3480) << i;
-        EXPECT_EQ(WidthOf(form->FKNT[i]), 195) << i;
-        EXPECT_EQ(HeightOf(form->FKNT[i]), 195) << i;
-        EXPECT_TRUE(form->FKNT[i]->isHidden()) << i;
-        EXPECT_EQ(form->FKNT[i]->Tag, QString()) << i;
+        EXPECT_EQ(LeftOf(Named<Label>(*form, Indexed("FKNT", i))), 2340 + 180 * i) << i;
+        EXPECT_EQ(TopOf(Named<Label>(*form, Indexed("FKNT", i))), 3480) << i;
+        EXPECT_EQ(WidthOf(Named<Label>(*form, Indexed("FKNT", i))), 195) << i;
+        EXPECT_EQ(HeightOf(Named<Label>(*form, Indexed("FKNT", i))), 195) << i;
+        EXPECT_TRUE(Named<Label>(*form, Indexed("FKNT", i))->isHidden()) << i;
+        EXPECT_EQ(Named<Label>(*form, Indexed("FKNT", i))->Tag, QString()) << i;
     }
     form->hide();
 }
 
 TEST_F(Form1Controls, HourPicturesAre16PixelsUnderTheHourLabels) {
     for (int h = 0; h < 24; ++h) {
-        EXPECT_EQ(LeftOf(form->ICO[h]), 2340 + 360 * h);
-        EXPECT_EQ(TopOf(form->ICO[h]), 4080);
-        EXPECT_EQ(form->ICO[h]->size(), QSize(16, 16));
-        EXPECT_TRUE(form->ICO[h]->Picture().isNull());
+        EXPECT_EQ(LeftOf(Named<Image>(*form, Indexed("ICO", h))), 2340 + 360 * h);
+        EXPECT_EQ(TopOf(Named<Image>(*form, Indexed("ICO", h))), 4080);
+        EXPECT_EQ(Named<Image>(*form, Indexed("ICO", h))->size(), QSize(16, 16));
+        EXPECT_TRUE(Named<Image>(*form, Indexed("ICO", h))->Picture().isNull());
     }
 }
 
@@ -197,15 +204,15 @@ TEST_F(Form1Controls, TheSymbolsAreKeyedInTheirOrder) {
 }
 
 TEST_F(Form1Controls, TimersStandStillUntilTheStartIsOver) {
-    EXPECT_EQ(form->T.Interval(), 1000);
-    EXPECT_FALSE(form->T.Enabled());
-    EXPECT_EQ(form->TimerWinsock.Interval(), 20000);
-    EXPECT_FALSE(form->TimerWinsock.Enabled());
+    EXPECT_EQ(T(*form).Interval(), 1000);
+    EXPECT_FALSE(T(*form).Enabled());
+    EXPECT_EQ(TimerWinsock(*form).Interval(), 20000);
+    EXPECT_FALSE(TimerWinsock(*form).Enabled());
 }
 
 TEST_F(Form1Controls, ThePageHolderIsHiddenAndTheRestFitsTheWindow) {
     form->show();
-    EXPECT_FALSE(form->wwwsource->isVisible());
+    EXPECT_FALSE(Named<HiddenTextBox>(*form, QStringLiteral("wwwsource"))->isVisible());
     const QRect client = form->rect();
     for (QWidget* w : form->findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
         if (w->isHidden()) continue;
@@ -219,9 +226,9 @@ TEST_F(Form1Controls, NothingOfTheFreeLayoutCoversTheChart) {
     // 10983 twips and from y 1261 to 4320, in whole pixels of 15 twips.
     const QRect chart(156, 84, 576, 204);
     QList<QWidget*> chartControls;
-    for (auto* w : form->FKNT) chartControls.append(w);
-    for (auto* w : form->Label8) chartControls.append(w);
-    for (auto* w : form->ICO) chartControls.append(w);
+    for (auto* w : NamedArray<Label>(*form, "FKNT", 0, 47)) chartControls.append(w);
+    for (auto* w : NamedArray<Label>(*form, "Label8", 0, 23)) chartControls.append(w);
+    for (auto* w : NamedArray<Image>(*form, "ICO", 0, 23)) chartControls.append(w);
     for (QWidget* w : form->findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
         if (w->isHidden() || chartControls.contains(w)) continue;
         EXPECT_FALSE(chart.intersects(w->geometry())) << w->objectName().toStdString();
@@ -229,8 +236,8 @@ TEST_F(Form1Controls, NothingOfTheFreeLayoutCoversTheChart) {
 }
 
 TEST_F(Form1Controls, ConstructionReadsNothing) {
-    EXPECT_EQ(form->List1->ListCount(), 0);
-    EXPECT_EQ(form->ChoixDate->ListCount(), 0);
+    EXPECT_EQ(Named<ListBox>(*form, QStringLiteral("List1"))->ListCount(), 0);
+    EXPECT_EQ(Named<ComboBox>(*form, QStringLiteral("ChoixDate"))->ListCount(), 0);
     EXPECT_EQ(form->ChargementFini, 0);
     EXPECT_EQ(LogText(), QString());
 }

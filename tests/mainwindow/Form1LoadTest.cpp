@@ -90,11 +90,11 @@ TEST_F(Form1Load, LaysThePressureLineAt55PartsOf80) {
 
 TEST_F(Form1Load, FillsTheAirportsAndSelectsThePreferredOne) {
     Form1& form = Form();
-    ASSERT_EQ(form.List1->ListCount(), 3);
-    EXPECT_EQ(form.List1->List(0), QStringLiteral("   London - Heathrow"));
-    EXPECT_EQ(form.List1->ItemData(0), Heathrow);
-    EXPECT_EQ(form.List1->Tag, QStringLiteral("1"));
-    EXPECT_EQ(form.List1->ListIndex(), LigneLeBourget);
+    ASSERT_EQ(Named<ListBox>(form, QStringLiteral("List1"))->ListCount(), 3);
+    EXPECT_EQ(Named<ListBox>(form, QStringLiteral("List1"))->List(0), QStringLiteral("   London - Heathrow"));
+    EXPECT_EQ(Named<ListBox>(form, QStringLiteral("List1"))->ItemData(0), Heathrow);
+    EXPECT_EQ(Named<ListBox>(form, QStringLiteral("List1"))->Tag, QStringLiteral("1"));
+    EXPECT_EQ(Named<ListBox>(form, QStringLiteral("List1"))->ListIndex(), LigneLeBourget);
     EXPECT_EQ(forms.module1().TableIDA[0].ToText(), QStringLiteral("EGLL"));
     EXPECT_EQ(forms.module1().TableIDA[1].ToText(), QStringLiteral("LFPB"));
 }
@@ -109,9 +109,10 @@ TEST_F(Form1Load, FillsTheDatesOldestFirstAndSelectsTheNewest) {
     db.AddObservation(later);
     db.AddObservation(Releve(Heathrow, 11, 0));  // the same day again: one entry
     Form1& form = Form();
-    EXPECT_EQ(Items(*form.ChoixDate), QStringList({"11/02/2004", "02/11/2004", "03/11/2004"}));
-    EXPECT_EQ(form.ChoixDate->Tag, QStringLiteral("2"));
-    EXPECT_EQ(form.ChoixDate->ListIndex(), 2);
+    EXPECT_EQ(Items(*Named<ComboBox>(form, QStringLiteral("ChoixDate"))),
+              QStringList({"11/02/2004", "02/11/2004", "03/11/2004"}));
+    EXPECT_EQ(Named<ComboBox>(form, QStringLiteral("ChoixDate"))->Tag, QStringLiteral("2"));
+    EXPECT_EQ(Named<ComboBox>(form, QStringLiteral("ChoixDate"))->ListIndex(), 2);
 }
 
 TEST_F(Form1Load, EndsWithTheFirstDrawingOfThePreferredAirportsNewestDay) {
@@ -119,30 +120,32 @@ TEST_F(Form1Load, EndsWithTheFirstDrawingOfThePreferredAirportsNewestDay) {
     db.AddObservation(Releve(Heathrow, 11, 0));
     Form1& form = Form();
     EXPECT_EQ(form.ChargementFini, -1);
-    EXPECT_EQ(form.FKNT[20]->Tag, QStringLiteral("LFPB 021000Z 24010KT CAVOK 12/08 Q1015"));
-    EXPECT_EQ(form.FKNT[22]->Tag, QString());  // Heathrow's row isn't Le Bourget's
-    EXPECT_TRUE(form.TXTbulletin->Caption().startsWith(QStringLiteral("02/11/2004 10:00:00\r\n")));
+    EXPECT_EQ(Named<Label>(form, Indexed("FKNT", 20))->Tag, QStringLiteral("LFPB 021000Z 24010KT CAVOK 12/08 Q1015"));
+    EXPECT_EQ(Named<Label>(form, Indexed("FKNT", 22))->Tag, QString());  // Heathrow's row isn't Le Bourget's
+    EXPECT_TRUE(Named<Label>(form, QStringLiteral("TXTbulletin"))
+                    ->Caption()
+                    .startsWith(QStringLiteral("02/11/2004 10:00:00\r\n")));
     // Filling the lists drew nothing before: one drawing, one picture lookup, one log line.
     EXPECT_EQ(LogCount(QStringLiteral("File Not Found: Images/LFPB.BMP")), 1);
 }
 
 TEST_F(Form1Load, AnEmptyTableGivesTodayAloneAndAnEmptyChart) {
     Form1& form = Form();
-    EXPECT_EQ(Items(*form.ChoixDate), QStringList({"20/11/2004"}));
-    EXPECT_EQ(form.ChoixDate->Tag, QStringLiteral("0"));
-    EXPECT_EQ(form.ChoixDate->ListIndex(), 0);
-    EXPECT_EQ(form.TXTbulletin->Caption(), QString());
-    for (Label* slot : form.FKNT) EXPECT_EQ(slot->Tag, QString());
+    EXPECT_EQ(Items(*Named<ComboBox>(form, QStringLiteral("ChoixDate"))), QStringList({"20/11/2004"}));
+    EXPECT_EQ(Named<ComboBox>(form, QStringLiteral("ChoixDate"))->Tag, QStringLiteral("0"));
+    EXPECT_EQ(Named<ComboBox>(form, QStringLiteral("ChoixDate"))->ListIndex(), 0);
+    EXPECT_EQ(Named<Label>(form, QStringLiteral("TXTbulletin"))->Caption(), QString());
+    for (Label* slot : NamedArray<Label>(form, "FKNT", 0, 47)) EXPECT_EQ(slot->Tag, QString());
 }
 
 TEST_F(Form1Load, NoActiveAirportEndsTheStartAtTheAirportList) {
     ASSERT_TRUE(db.Exec(QStringLiteral("UPDATE \"Aéroports\" SET \"activé\" = 0")));
     Form1 form(forms);
     EXPECT_EQ(ErrorOf([&] { form.Form_Load(); }), InvalidPropertyValue);
-    EXPECT_EQ(form.List1->ListCount(), 0);
-    EXPECT_EQ(form.List1->ListIndex(), -1);
+    EXPECT_EQ(Named<ListBox>(form, QStringLiteral("List1"))->ListCount(), 0);
+    EXPECT_EQ(Named<ListBox>(form, QStringLiteral("List1"))->ListIndex(), -1);
     // The dates come after the airports, and the first chart at the end.
-    EXPECT_EQ(form.ChoixDate->ListCount(), 0);
+    EXPECT_EQ(Named<ComboBox>(form, QStringLiteral("ChoixDate"))->ListCount(), 0);
     EXPECT_EQ(form.ChargementFini, 0);
     EXPECT_EQ(LogCount(QStringLiteral("Skelda Starting")), 1);
 }
@@ -168,8 +171,8 @@ TEST_F(Form1Load, RemplirDatesSetsItsTagToTheNewestAndKeepsTheSelectionToTheCall
     next.day = QDate(2004, 11, 3);
     db.AddObservation(next);
     form.RemplirDates();
-    EXPECT_EQ(Items(*form.ChoixDate), QStringList({"02/11/2004", "03/11/2004"}));
-    EXPECT_EQ(form.ChoixDate->Tag, QStringLiteral("1"));
+    EXPECT_EQ(Items(*Named<ComboBox>(form, QStringLiteral("ChoixDate"))), QStringList({"02/11/2004", "03/11/2004"}));
+    EXPECT_EQ(Named<ComboBox>(form, QStringLiteral("ChoixDate"))->Tag, QStringLiteral("1"));
     EXPECT_TRUE(form.BaseReleves.IsNothing());
     EXPECT_TRUE(form.JeuReleves.IsNothing());
 }
@@ -180,20 +183,22 @@ TEST_F(Form1Load, ANewDateEntersOnlyAtTheNextRefresh) {
     TestObservation next = Releve(LeBourget, 0, 10);
     next.day = QDate(2004, 11, 3);
     db.AddObservation(next);
-    form.List1->SetListIndex(LigneHeathrow);  // redraws, as a new row's reception does
+    Named<ListBox>(form, QStringLiteral("List1"))
+        ->SetListIndex(LigneHeathrow);  // redraws, as a new row's reception does
     form.TracerCourbe();
-    EXPECT_EQ(Items(*form.ChoixDate), QStringList({"02/11/2004"}));
+    EXPECT_EQ(Items(*Named<ComboBox>(form, QStringLiteral("ChoixDate"))), QStringList({"02/11/2004"}));
     form.RemplirDates();
-    form.ChoixDate->SetListIndex(form.ChoixDate->Tag.toInt());
-    EXPECT_EQ(form.ChoixDate->Text(), QStringLiteral("03/11/2004"));
+    Named<ComboBox>(form, QStringLiteral("ChoixDate"))
+        ->SetListIndex(Named<ComboBox>(form, QStringLiteral("ChoixDate"))->Tag.toInt());
+    EXPECT_EQ(Named<ComboBox>(form, QStringLiteral("ChoixDate"))->Text(), QStringLiteral("03/11/2004"));
 }
 
 TEST_F(Form1Load, RemplirDatesOnAnEmptyTableTakesTodayFromTheClock) {
     Form1& form = Form();
     clock.Set(QDateTime(QDate(2005, 1, 9), QTime(0, 0, 1)));
     form.RemplirDates();
-    EXPECT_EQ(Items(*form.ChoixDate), QStringList({"09/01/2005"}));
-    EXPECT_EQ(form.ChoixDate->Tag, QStringLiteral("0"));
+    EXPECT_EQ(Items(*Named<ComboBox>(form, QStringLiteral("ChoixDate"))), QStringList({"09/01/2005"}));
+    EXPECT_EQ(Named<ComboBox>(form, QStringLiteral("ChoixDate"))->Tag, QStringLiteral("0"));
 }
 
 // ---- Closing
@@ -232,19 +237,19 @@ TEST_F(Form1Load, ClosingLeavesThePollCycleRunning) {
     // down on its caption, and the eleventh tick polls the next entry of the round, line 1; the
     // poll's own caption stops T, before the poll lets events run.
     QStringList captions;
-    QObject::connect(&form.T, &Timer::Tick, &form, [&] { captions.append(form.Caption()); });
+    QObject::connect(&T(form), &Timer::Tick, &form, [&] { captions.append(form.Caption()); });
     QObject::connect(&form, &QWidget::windowTitleChanged, &form, [&](const QString& caption) {
-        if (caption == QStringLiteral("Connection in progress...")) form.T.SetEnabled(false);
+        if (caption == QStringLiteral("Connection in progress...")) T(form).SetEnabled(false);
     });
-    form.T.SetInterval(10);
-    form.T.SetEnabled(true);
+    T(form).SetInterval(10);
+    T(form).SetEnabled(true);
     ASSERT_TRUE(QTest::qWaitFor([&] { return captions.size() >= 11; }, 5000));
     ASSERT_EQ(captions.size(), 11);
     EXPECT_EQ(captions[0], QStringLiteral("   Paris - Le Bourget - 9 secondes..."));
     EXPECT_EQ(captions[9], QStringLiteral("   Paris - Le Bourget - 0 secondes..."));
     EXPECT_EQ(captions[10], QStringLiteral("Connection in progress..."));
-    EXPECT_EQ(form.IndexReleve, 1);
-    EXPECT_EQ(form.SecondesAttente, 0);
+    EXPECT_EQ(form.Cycle().IndexReleve, 1);
+    EXPECT_EQ(form.Cycle().SecondesAttente, 0);
     EXPECT_TRUE(form.isHidden());
     EXPECT_EQ(form.Tag, QStringLiteral("MASQUE"));
     EXPECT_TRUE(runTimeEnds.empty());
@@ -272,16 +277,16 @@ struct EndOfSession : SessionEnd {
 TEST_F(Form1Load, TheEndOfTheSessionIsRefusedAndTheWindowOnlyHides) {
     Form1& form = Form();
     form.show();
-    form.T.SetEnabled(true);
+    T(form).SetEnabled(true);
     EndOfSession end(true);
     form.FinDeSession(end);
     EXPECT_EQ(end.cancelled, 1);
     EXPECT_FALSE(form.isVisible());
     EXPECT_EQ(form.Tag, QStringLiteral("MASQUE"));
     EXPECT_TRUE(forms.Loaded<Form1>());
-    EXPECT_TRUE(form.T.Enabled());
+    EXPECT_TRUE(T(form).Enabled());
     EXPECT_EQ(LogCount(QStringLiteral("Skelda Terminated")), 0);
-    form.T.SetEnabled(false);
+    T(form).SetEnabled(false);
 }
 
 TEST_F(Form1Load, AForcedEndOfTheSessionIsNotRefused) {
@@ -356,12 +361,16 @@ TEST_F(Form1Load, ARightPressOnALabelOrAFrameIsTheirsAndPopsUpNoMenu) {
     forms.ProvideAs<TrayForm, CountingTray>();
     Form1& form = Form();
     form.show();
-    form.LeBulletin->setVisible(true);
-    form.TXTbulletin->SetCaption(QStringLiteral("Vent 240 ° 10 Kts"));
+    Named<QGroupBox>(form, QStringLiteral("LeBulletin"))->setVisible(true);
+    Named<Label>(form, QStringLiteral("TXTbulletin"))->SetCaption(QStringLiteral("Vent 240 ° 10 Kts"));
     CountingTray& tray = forms.Get<CountingTray>();
-    const QList<QWidget*> controls{form.TXTbulletin, form.LeBulletin, form.Frame1,   form.Label8[5],
-                                   form.Label8[23],  form.ICO[7],     form.Label5,   form.Label9[3],
-                                   form.Label12,     form.PV,         form.Picture1, form.Frame4};
+    const QList<QWidget*> controls{
+        Named<Label>(form, QStringLiteral("TXTbulletin")),   Named<QGroupBox>(form, QStringLiteral("LeBulletin")),
+        Named<QGroupBox>(form, QStringLiteral("Frame1")),    Named<Label>(form, Indexed("Label8", 5)),
+        Named<Label>(form, Indexed("Label8", 23)),           Named<Image>(form, Indexed("ICO", 7)),
+        Named<Label>(form, QStringLiteral("Label5")),        Named<Label>(form, Indexed("Label9", 3)),
+        Named<Label>(form, QStringLiteral("Label12")),       Named<SurfaceWidget>(form, QStringLiteral("PV")),
+        Named<PictureBox>(form, QStringLiteral("Picture1")), Named<QGroupBox>(form, QStringLiteral("Frame4"))};
     for (QWidget* control : controls) {
         const QPoint inside(control->width() / 2, control->height() / 2);
         QTest::mousePress(control, Qt::RightButton, {}, inside);
@@ -384,19 +393,22 @@ TEST_F(Form1Load, MovingOverALabelOrAFrameLeavesTheReadoutAlone) {
     const QPoint colonne(398, 130);
     QTest::mouseMove(&form, colonne);
     ASSERT_EQ(form.DerniereColonne, 20);
-    ASSERT_TRUE(form.LeBulletin->isVisibleTo(&form));
+    ASSERT_TRUE(Named<QGroupBox>(form, QStringLiteral("LeBulletin"))->isVisibleTo(&form));
     // The hour labels and pictures stand under other columns of the chart; the bulletin and the
     // frame of the last observation left of it and above it.
     // The pointer goes over each with no button down, then drags across it with the left one.
-    for (QWidget* control : QList<QWidget*>{form.Label8[3], form.ICO[12], form.TXTbulletin, form.LeBulletin,
-                                            form.Frame1, form.Label8[23]}) {
+    for (QWidget* control : QList<QWidget*>{
+             Named<Label>(form, Indexed("Label8", 3)), Named<Image>(form, Indexed("ICO", 12)),
+             Named<Label>(form, QStringLiteral("TXTbulletin")), Named<QGroupBox>(form, QStringLiteral("LeBulletin")),
+             Named<QGroupBox>(form, QStringLiteral("Frame1")), Named<Label>(form, Indexed("Label8", 23))}) {
         const QPoint inside(control->width() / 2, control->height() / 2);
         QTest::mouseMove(control, inside);
         QTest::mousePress(control, Qt::LeftButton, {}, inside);
         QTest::mouseMove(control, inside + QPoint(2, 1));
         QTest::mouseRelease(control, Qt::LeftButton, {}, inside + QPoint(2, 1));
         EXPECT_EQ(form.DerniereColonne, 20) << control->objectName().toStdString();
-        EXPECT_TRUE(form.LeBulletin->isVisibleTo(&form)) << control->objectName().toStdString();
+        EXPECT_TRUE(Named<QGroupBox>(form, QStringLiteral("LeBulletin"))->isVisibleTo(&form))
+            << control->objectName().toStdString();
     }
     form.hide();
 }
@@ -406,15 +418,15 @@ TEST_F(Form1Load, MovingOverALabelOrAFrameLeavesTheReadoutAlone) {
 TEST_F(Form1Load, SelectingAnAirportRedrawsAtOnceButDoesntPoll) {
     db.AddObservation(Releve(Heathrow, 11, 0));
     Form1& form = FormOnRecording();
-    EXPECT_EQ(form.FKNT[22]->Tag, QString());
-    form.List1->SetListIndex(LigneHeathrow);
+    EXPECT_EQ(Named<Label>(form, Indexed("FKNT", 22))->Tag, QString());
+    Named<ListBox>(form, QStringLiteral("List1"))->SetListIndex(LigneHeathrow);
     EXPECT_GT(recording.Count(DrawOp::Cls), 0);
-    EXPECT_EQ(form.FKNT[22]->Tag, QStringLiteral("LFPB 021100Z 24010KT CAVOK 12/08 Q1015"));
+    EXPECT_EQ(Named<Label>(form, Indexed("FKNT", 22))->Tag, QStringLiteral("LFPB 021100Z 24010KT CAVOK 12/08 Q1015"));
     // The poll cycle is wired, and no poll began: W wasn't asked to connect, and the caption
     // isn't Connect's.
-    EXPECT_EQ(form.W.State(), sckClosed);
+    EXPECT_EQ(W(form).State(), sckClosed);
     EXPECT_EQ(form.Caption(), QStringLiteral("Skelda"));
-    EXPECT_TRUE(form.List1->isEnabled());
+    EXPECT_TRUE(Named<ListBox>(form, QStringLiteral("List1"))->isEnabled());
 }
 
 TEST_F(Form1Load, ADoubleClickRedrawsFirstThenAsksForThePoll) {
@@ -424,10 +436,13 @@ TEST_F(Form1Load, ADoubleClickRedrawsFirstThenAsksForThePoll) {
     // The chart as it stood when the poll began: Connect's caption marks that moment.
     QString tagAtPoll = QStringLiteral("<no poll>");
     QObject::connect(&form, &QWidget::windowTitleChanged, &form, [&](const QString& caption) {
-        if (caption == QStringLiteral("Connection in progress...")) tagAtPoll = form.FKNT[22]->Tag;
+        if (caption == QStringLiteral("Connection in progress..."))
+            tagAtPoll = Named<Label>(form, Indexed("FKNT", 22))->Tag;
     });
-    const QPoint line = form.List1->visualItemRect(form.List1->item(LigneHeathrow)).center();
-    QTest::mouseDClick(form.List1->viewport(), Qt::LeftButton, {}, line);
+    const QPoint line = Named<ListBox>(form, QStringLiteral("List1"))
+                            ->visualItemRect(Named<ListBox>(form, QStringLiteral("List1"))->item(LigneHeathrow))
+                            .center();
+    QTest::mouseDClick(Named<ListBox>(form, QStringLiteral("List1"))->viewport(), Qt::LeftButton, {}, line);
     EXPECT_EQ(tagAtPoll, QStringLiteral("LFPB 021100Z 24010KT CAVOK 12/08 Q1015"));
     EXPECT_EQ(form.Caption(), QStringLiteral("Connection in progress..."));
     form.hide();
@@ -437,14 +452,16 @@ TEST_F(Form1Load, AClickOnTheAirportAlreadySelectedRedrawsOnItsClickAndItsMouseD
     db.AddObservation(Releve(LeBourget, 11, 0));
     Form1& form = FormOnRecording();
     form.show();
-    ASSERT_EQ(form.List1->ListIndex(), LigneLeBourget);
+    ASSERT_EQ(Named<ListBox>(form, QStringLiteral("List1"))->ListIndex(), LigneLeBourget);
     recording.Clear();
-    const QPoint line = form.List1->visualItemRect(form.List1->item(LigneLeBourget)).center();
-    QTest::mouseClick(form.List1->viewport(), Qt::LeftButton, {}, line);
+    const QPoint line = Named<ListBox>(form, QStringLiteral("List1"))
+                            ->visualItemRect(Named<ListBox>(form, QStringLiteral("List1"))->item(LigneLeBourget))
+                            .center();
+    QTest::mouseClick(Named<ListBox>(form, QStringLiteral("List1"))->viewport(), Qt::LeftButton, {}, line);
     // List1_Click draws the chart, and so does List1_MouseDown for the left button.
     EXPECT_EQ(recording.Count(DrawOp::Cls), 2);
-    EXPECT_EQ(form.List1->ListIndex(), LigneLeBourget);
-    EXPECT_EQ(form.W.State(), sckClosed);
+    EXPECT_EQ(Named<ListBox>(form, QStringLiteral("List1"))->ListIndex(), LigneLeBourget);
+    EXPECT_EQ(W(form).State(), sckClosed);
     form.hide();
 }
 
@@ -454,26 +471,27 @@ TEST_F(Form1Load, ChoosingADateRedrawsThatDay) {
     db.AddObservation(other);
     db.AddObservation(Releve(LeBourget, 10, 0));
     Form1& form = Form();
-    EXPECT_EQ(form.FKNT[18]->Tag, QStringLiteral("LFPB 020900Z 24010KT CAVOK 12/08 Q1015"));
-    form.ChoixDate->SetListIndex(0);
-    EXPECT_EQ(form.FKNT[18]->Tag, QString());
-    EXPECT_EQ(form.FKNT[20]->Tag, QStringLiteral("LFPB 021000Z 24010KT CAVOK 12/08 Q1015"));
+    EXPECT_EQ(Named<Label>(form, Indexed("FKNT", 18))->Tag, QStringLiteral("LFPB 020900Z 24010KT CAVOK 12/08 Q1015"));
+    Named<ComboBox>(form, QStringLiteral("ChoixDate"))->SetListIndex(0);
+    EXPECT_EQ(Named<Label>(form, Indexed("FKNT", 18))->Tag, QString());
+    EXPECT_EQ(Named<Label>(form, Indexed("FKNT", 20))->Tag, QStringLiteral("LFPB 021000Z 24010KT CAVOK 12/08 Q1015"));
 }
 
 TEST_F(Form1Load, WhileLoadingIsUnfinishedTheChartDrawsNothing) {
     Form1 form(forms);
-    form.drawingSurface = &recording;
-    form.FKNT[3]->Tag = QStringLiteral("kept");
+    form.DrawOn(recording);
+    Named<Label>(form, Indexed("FKNT", 3))->Tag = QStringLiteral("kept");
     form.TracerCourbe();
     EXPECT_TRUE(recording.Calls().empty());
-    EXPECT_EQ(form.FKNT[3]->Tag, QStringLiteral("kept"));
+    EXPECT_EQ(Named<Label>(form, Indexed("FKNT", 3))->Tag, QStringLiteral("kept"));
 }
 
 TEST_F(Form1Load, MovingOverTheListTakesTheReadoutAway) {
     db.AddObservation(Releve(LeBourget, 10, 0));
     Form1& form = Form();
     form.Form_MouseMove(0, 0, 2340 + 180 * 20 + 90, 2000);
-    ASSERT_FALSE(form.LeBulletin->isHidden());
-    SendMouse(form.List1->viewport(), QEvent::MouseMove, Qt::NoButton, QPoint(20, 10));
-    EXPECT_TRUE(form.LeBulletin->isHidden());
+    ASSERT_FALSE(Named<QGroupBox>(form, QStringLiteral("LeBulletin"))->isHidden());
+    SendMouse(Named<ListBox>(form, QStringLiteral("List1"))->viewport(), QEvent::MouseMove, Qt::NoButton,
+              QPoint(20, 10));
+    EXPECT_TRUE(Named<QGroupBox>(form, QStringLiteral("LeBulletin"))->isHidden());
 }

@@ -3,15 +3,17 @@
 // program finds them.
 #pragma once
 
-#include "Acquisition.h"
 #include "Form1.h"
 #include "Forms.h"
 #include "GuiApplication.h"
 #include "Loopback.h"
+#include "Named.h"
+#include "PollCycle.h"
 #include "Printing.h"
 #include "RecordingSurface.h"
 #include "RunFolder.h"
 #include "TestServices.h"
+#include "acquisition/PollParts.h"
 
 #include <QColor>
 
@@ -64,7 +66,7 @@ protected:
         // connection and the first poll's news fetch are refused at once, silently.
         services.observationServer = {QStringLiteral("127.0.0.1"), ClosedPort()};
         services.newsServer = {QStringLiteral("127.0.0.1"), ClosedPort()};
-        forms.Provide<Form1>(&LoadForm1WithPollCycle);
+        ProvideMainWindow(forms);
     }
     void TearDown() override { forms.Unload<Form1>(); }
 
@@ -74,7 +76,7 @@ protected:
     // The form after loading, drawing from now on on the recording.
     Form1& FormOnRecording() {
         Form1& form = Form();
-        form.drawingSurface = &recording;
+        form.DrawOn(recording);
         return form;
     }
 

@@ -35,8 +35,8 @@ protected:
         db.AddObservation(row);
     }
     void Move(Form1& form, double x) { form.Form_MouseMove(0, 0, x, 2000); }
-    QString Titre(Form1& form) const { return form.TXTtitre->Caption(); }
-    bool Shown(Form1& form) const { return !form.LeBulletin->isHidden(); }
+    QString Titre(Form1& form) const { return Named<Label>(form, QStringLiteral("TXTtitre"))->Caption(); }
+    bool Shown(Form1& form) const { return !Named<QGroupBox>(form, QStringLiteral("LeBulletin"))->isHidden(); }
 };
 
 }  // namespace
@@ -63,7 +63,7 @@ TEST_F(Readout, OverTheLeftHalfOfAColumnTheSlotIsReadOnce) {
     Form1& form = Form();
     Move(form, AtColumns(20.2));
     ASSERT_EQ(Titre(form), QStringLiteral("Weather at:10:00"));
-    form.TXTtitre->SetCaption(QStringLiteral("untouched"));
+    Named<Label>(form, QStringLiteral("TXTtitre"))->SetCaption(QStringLiteral("untouched"));
     Move(form, AtColumns(20.4));
     EXPECT_EQ(Titre(form), QStringLiteral("untouched"));
 }
@@ -73,7 +73,7 @@ TEST_F(Readout, OverTheRightHalfTheNextSlotIsComposedAgainOnEveryMove) {
     Move(form, AtColumns(20.6));
     EXPECT_EQ(form.DerniereColonne, 21);
     ASSERT_EQ(Titre(form), QStringLiteral("Weather at:10:30"));
-    form.TXTtitre->SetCaption(QStringLiteral("touched?"));
+    Named<Label>(form, QStringLiteral("TXTtitre"))->SetCaption(QStringLiteral("touched?"));
     Move(form, AtColumns(20.7));
     EXPECT_EQ(Titre(form), QStringLiteral("Weather at:10:30"));
 }
@@ -114,7 +114,9 @@ TEST_F(Readout, LeavingTheChartKeepsTheLastHeading) {
     Move(form, AtColumns(-3));
     EXPECT_FALSE(Shown(form));
     EXPECT_EQ(Titre(form), QStringLiteral("Weather at:10:00"));
-    EXPECT_TRUE(form.TXTbulletin->Caption().startsWith(QStringLiteral("Wind from WSW 12 Knots")));
+    EXPECT_TRUE(Named<Label>(form, QStringLiteral("TXTbulletin"))
+                    ->Caption()
+                    .startsWith(QStringLiteral("Wind from WSW 12 Knots")));
 }
 
 TEST_F(Readout, AnEmptySlotHidesThePanelAndTheNextFullOneShowsItAgain) {
@@ -130,23 +132,25 @@ TEST_F(Readout, AnEmptySlotHidesThePanelAndTheNextFullOneShowsItAgain) {
 TEST_F(Readout, AGustOf25IsReadInKnotsThenKnts) {
     Form1& form = Form();
     Move(form, AtColumns(20));
-    EXPECT_EQ(form.TXTbulletin->Caption(), QStringLiteral("Wind from WSW 12 Knots gusting to  25 Knts\r\n"
-                                                          "visibility Visibility Less then 9999 Meter\r\n"
-                                                          "A few clouds at  2000 feets.\r\n"
-                                                          "Pressure 1015 hpa\r\n"
-                                                          "Temperature 12°C\r\n"));
+    EXPECT_EQ(Named<Label>(form, QStringLiteral("TXTbulletin"))->Caption(),
+              QStringLiteral("Wind from WSW 12 Knots gusting to  25 Knts\r\n"
+                             "visibility Visibility Less then 9999 Meter\r\n"
+                             "A few clouds at  2000 feets.\r\n"
+                             "Pressure 1015 hpa\r\n"
+                             "Temperature 12°C\r\n"));
 }
 
 TEST_F(Readout, AVariableWindIsReadFromNorthWithItsNegativeSpeedAndBothSectors) {
     Form1& form = Form();
     Move(form, AtColumns(21));
     // Sky and weather are both empty: their three line ends in a row become two, not one.
-    EXPECT_EQ(form.TXTbulletin->Caption(), QStringLiteral("Wind from N -3 Knots\r\n"
-                                                          "Shifting from N\r\n"
-                                                          " to N\r\n"
-                                                          "visibility Visibility Less then 9999 Meter\r\n\r\n"
-                                                          "Pressure 1015 hpa\r\n"
-                                                          "Temperature 12°C\r\n"));
+    EXPECT_EQ(Named<Label>(form, QStringLiteral("TXTbulletin"))->Caption(),
+              QStringLiteral("Wind from N -3 Knots\r\n"
+                             "Shifting from N\r\n"
+                             " to N\r\n"
+                             "visibility Visibility Less then 9999 Meter\r\n\r\n"
+                             "Pressure 1015 hpa\r\n"
+                             "Temperature 12°C\r\n"));
 }
 
 TEST_F(Readout, TheFormRemembersTheSlotBeforeComposing) {
@@ -172,29 +176,31 @@ TEST_F(Readout, TheLabelsOwnEventHasItsOwnWording) {
     Form1& form = Form();
     form.FKNT_MouseMove(20, 0, 0, 0, 0);
     EXPECT_EQ(Titre(form), QStringLiteral("Weather At:10:00"));
-    EXPECT_TRUE(form.TXTbulletin->Caption().startsWith(QStringLiteral("Wind from WSW 12 Knts gusting to 25 Knts\r\n")));
+    EXPECT_TRUE(Named<Label>(form, QStringLiteral("TXTbulletin"))
+                    ->Caption()
+                    .startsWith(QStringLiteral("Wind from WSW 12 Knts gusting to 25 Knts\r\n")));
     EXPECT_TRUE(Shown(form));
 }
 
 TEST_F(Readout, TheLabelsEventReadsAgainOnlyWhenTheIndexChangesOrThePanelIsHidden) {
     Form1& form = Form();
     form.FKNT_MouseMove(20, 0, 0, 0, 0);
-    form.TXTtitre->SetCaption(QStringLiteral("untouched"));
+    Named<Label>(form, QStringLiteral("TXTtitre"))->SetCaption(QStringLiteral("untouched"));
     form.FKNT_MouseMove(20, 0, 0, 0, 0);
     EXPECT_EQ(Titre(form), QStringLiteral("untouched"));
-    form.LeBulletin->setVisible(false);
+    Named<QGroupBox>(form, QStringLiteral("LeBulletin"))->setVisible(false);
     form.FKNT_MouseMove(20, 0, 0, 0, 0);
     EXPECT_EQ(Titre(form), QStringLiteral("Weather At:10:00"));
 }
 
 TEST_F(Readout, TheLabelsEventOnAnEmptyTagReadsTheDecodersSample) {
     Form1& form = Form();
-    ASSERT_EQ(form.FKNT[30]->Tag, QString());
+    ASSERT_EQ(Named<Label>(form, Indexed("FKNT", 30))->Tag, QString());
     // The sample, LFTH 021000Z 22013KT 9999 FEW016 SCT230 22/06 Q1016: no weather, so its empty
     // line goes with the last step.
     form.FKNT_MouseMove(30, 0, 0, 0, 0);
     EXPECT_EQ(Titre(form), QStringLiteral("Weather At:10:00"));
-    EXPECT_EQ(form.TXTbulletin->Caption(),
+    EXPECT_EQ(Named<Label>(form, QStringLiteral("TXTbulletin"))->Caption(),
               QStringLiteral("Wind from SW 13 Knts\r\n"
                              "visibility Visibility Less then 9999 Meter\r\n"
                              "A few clouds at  1600 feets. Scattered clouds at 23000 feets.\r\n"
@@ -208,7 +214,7 @@ TEST_F(Readout, RedrawingTheChartDoesntForgetTheLastSlot) {
     Form1& form = Form();
     Move(form, AtColumns(20));
     form.TracerCourbe();
-    form.TXTtitre->SetCaption(QStringLiteral("untouched"));
+    Named<Label>(form, QStringLiteral("TXTtitre"))->SetCaption(QStringLiteral("untouched"));
     Move(form, AtColumns(20.3));
     EXPECT_EQ(Titre(form), QStringLiteral("untouched"));
     EXPECT_EQ(form.DerniereColonne, 20);
@@ -228,7 +234,7 @@ TEST_F(Readout, ThePointerOverTheFormIsReadInTwips) {
 TEST_F(Readout, ASlotLabelsOwnMouseMoveReachesItsHandler) {
     Form1& form = Form();
     QMouseEvent move(QEvent::MouseMove, QPointF(2, 2), QPointF(2, 2), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(form.FKNT[20], &move);
+    QCoreApplication::sendEvent(Named<Label>(form, Indexed("FKNT", 20)), &move);
     EXPECT_EQ(form.DernierIndex, 20);
     EXPECT_EQ(Titre(form), QStringLiteral("Weather At:10:00"));
 }

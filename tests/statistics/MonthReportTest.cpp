@@ -35,7 +35,7 @@ protected:
     // The form with its printer on a fresh recording page whose default font is 10 points.
     StatistiqueMensuelle& FormPrintingOnRecording() {
         StatistiqueMensuelle& f = FormOnRecording();
-        f.Printer = [this] {
+        printer.pages = [this] {
             ++pagesMade;
             page = std::make_shared<RecordingSurface>();
             page->SetFontSize(10);
@@ -46,7 +46,7 @@ protected:
     }
     void Print(StatistiqueMensuelle& f) {
         boxes.Clear();
-        f.MenuStatImprimer->trigger();
+        Named<QAction>(f, QStringLiteral("MenuStatImprimer"))->trigger();
     }
     std::vector<DrawCall> LinesIn(Color colour) const {
         std::vector<DrawCall> found;
@@ -118,9 +118,13 @@ TEST_F(MonthReport, AnEmptyMonthPrintsTheGridLabelsReferencesAndHeadingInTheDefa
     EXPECT_DOUBLE_EQ(PrintOf(QStringLiteral("50 nds"))->x1, Marge - 7 * 125);
     // The heading, in the page's default 10 points, centred on the sheet.
     const QString heading = texts.back();
-    EXPECT_TRUE(heading.startsWith(QStringLiteral("Relevé Météo March 2004 : ") + f.Aeroports->Text() +
+    EXPECT_TRUE(heading.startsWith(QStringLiteral("Relevé Météo March 2004 : ") +
+                                   Named<ListBox>(f, QStringLiteral("Aeroports"))->Text() +
                                    QString(12, QLatin1Char(' '))));
-    EXPECT_GT(heading.size(), (QStringLiteral("Relevé Météo March 2004 : ") + f.Aeroports->Text()).size() + 12);
+    EXPECT_GT(
+        heading.size(),
+        (QStringLiteral("Relevé Météo March 2004 : ") + Named<ListBox>(f, QStringLiteral("Aeroports"))->Text()).size() +
+            12);
     const DrawCall* h = PrintOf(heading);
     EXPECT_EQ(h->fontSize, 10);
     EXPECT_DOUBLE_EQ(h->x1, 11906 / 2.0 - heading.size() * 125 / 2.0);
@@ -199,7 +203,7 @@ TEST_F(MonthReport, WithTheWindUncheckedThereAreNoBarsNoTimesAndADefaultSizeHead
     Observe(LeBourget, MarchDay(5), QTime(14, 5), 20);
     Observe(LeBourget, MarchDay(6), QTime(10, 0), 12);
     StatistiqueMensuelle& f = FormPrintingOnRecording();
-    f.CheckCourbe.at(3)->SetValue(0);
+    Named<CheckBox>(f, Indexed("CheckCourbe", 3))->SetValue(0);
     Print(f);
     EXPECT_EQ(page->Count(DrawOp::Box), 0);
     EXPECT_EQ(PrintOf(QStringLiteral("14:05")), nullptr);
@@ -248,7 +252,7 @@ TEST_F(MonthReport, ANullMaximumEndsTheWholeJobWhenTheWindIsChecked) {
     ASSERT_EQ(boxes.shown.size(), 2u);
     EXPECT_EQ(boxes.shown[1], QStringLiteral("Impossible d'imprimer ") + ErrorDescription(InvalidUseOfNull));
     // Without the wind block the same row prints.
-    f.CheckCourbe.at(3)->SetValue(0);
+    Named<CheckBox>(f, Indexed("CheckCourbe", 3))->SetValue(0);
     Print(f);
     EXPECT_EQ(page->Count(DrawOp::EndDoc), 1);
 }
@@ -281,7 +285,7 @@ TEST_F(MonthReport, TheSelectedYearIsPrintedEvenIfTheScreenShowsAnother) {
     StatistiqueMensuelle& f = FormPrintingOnRecording();
     Show(f, LineLeBourget, 3);
     EXPECT_EQ(recording.Count(DrawOp::Box), 0);  // the screen shows March 2004
-    f.Annee->SetListIndex(2);
+    Named<ListBox>(f, QStringLiteral("Année"))->SetListIndex(2);
     Print(f);
     EXPECT_EQ(page->Count(DrawOp::Box), 2);
     EXPECT_TRUE(page->Texts().back().startsWith(QStringLiteral("Relevé Météo March 2005 : ")));
@@ -303,7 +307,7 @@ TEST_F(MonthReport, APrinterThatRefusesTheJobEndsInTheBoxAndNothingIsPrinted) {
     Observe(LeBourget, MarchDay(5), QTime(10, 0), 20);
     StatistiqueMensuelle& f = Form();
     const QString nowhere = db.Folder() + QStringLiteral("/no such folder/report.pdf");
-    f.Printer = [&] { return std::make_shared<PrinterSurface>(nowhere); };
+    printer.pages = [&] { return std::make_shared<PrinterSurface>(nowhere); };
     Print(f);
     ASSERT_EQ(boxes.shown.size(), 2u);
     EXPECT_EQ(boxes.shown[1], QStringLiteral("Impossible d'imprimer ") + ErrorDescription(PrinterError));
@@ -319,7 +323,7 @@ TEST_F(MonthReport, TheReportIsOnePageWithTheScaleTheDaysAndTheHeading) {
                 d % 15, 1000 + d % 25);
     StatistiqueMensuelle& f = Form();
     const QString pdf = db.Folder() + QStringLiteral("/report.pdf");
-    f.Printer = [&] { return std::make_shared<PrinterSurface>(pdf); };
+    printer.pages = [&] { return std::make_shared<PrinterSurface>(pdf); };
     Print(f);
     ASSERT_EQ(boxes.shown.size(), 1u);  // the question alone: no failure
     ASSERT_TRUE(QFile::exists(pdf));

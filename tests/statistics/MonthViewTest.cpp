@@ -62,22 +62,22 @@ TEST_F(MonthView, AMonthWithoutRowsDrawsTheGridAloneLeavesTheTagsAndClosesBoth) 
     Observe(LeBourget, MarchDay(5), QTime(10, 0), 20);
     StatistiqueMensuelle& f = FormOnRecording();
     Show(f, LineLeBourget, 3);
-    const QString march5 = f.Jour[5]->Tag;
+    const QString march5 = Named<Label>(f, Indexed("Jour", 5))->Tag;
     ASSERT_FALSE(march5.isEmpty());
     Database base;
     Recordset rows;
-    f.PassageDeBoucle = [&] {
+    f.WatchRowLoop([&] {
         base = f.BaseMois;
         rows = f.JeuMois;
-    };
+    });
     recording.Clear();
-    f.Mois->SetListIndex(3);  // April: no row
+    Named<ListBox>(f, QStringLiteral("Mois"))->SetListIndex(3);  // April: no row
     EXPECT_EQ(recording.Ops().front(), DrawOp::Cls);
     EXPECT_EQ(recording.Count(DrawOp::Line), 24 + 31);
     EXPECT_EQ(GridLines(), 24 + 31);
     EXPECT_EQ(recording.Count(DrawOp::Box), 0);
     EXPECT_EQ(recording.Count(DrawOp::Circle), 0);
-    EXPECT_EQ(f.Jour[5]->Tag, march5);
+    EXPECT_EQ(Named<Label>(f, Indexed("Jour", 5))->Tag, march5);
     // Both were open during the loop and are closed and released after it.
     ASSERT_FALSE(rows.IsNothing());
     EXPECT_EQ(ErrorOf([&] { (void)rows.Eof(); }), DaoObjectInvalid);
@@ -135,9 +135,9 @@ TEST_F(MonthView, TheDayTextHasItsNineLinesWithTheDefaultTimeForm) {
         "P  moy  1015 Hpa\r\n"
         "P  maxi 1018 Hpa\r\n"
         "P  mini 1012 Hpa\r\n");
-    EXPECT_EQ(f.Jour[5]->Tag, expected);
-    EXPECT_EQ(f.Jour[5]->toolTip(), expected);
-    EXPECT_EQ(f.Jour[5]->Caption(), QStringLiteral("05"));  // captions never change
+    EXPECT_EQ(Named<Label>(f, Indexed("Jour", 5))->Tag, expected);
+    EXPECT_EQ(Named<Label>(f, Indexed("Jour", 5))->toolTip(), expected);
+    EXPECT_EQ(Named<Label>(f, Indexed("Jour", 5))->Caption(), QStringLiteral("05"));  // captions never change
 }
 
 TEST_F(MonthView, TheMeanWindIsRoundedHalvesToEvenInTheText) {
@@ -147,15 +147,15 @@ TEST_F(MonthView, TheMeanWindIsRoundedHalvesToEvenInTheText) {
     Observe(LeBourget, MarchDay(3), QTime(10, 0), 14);  // 13.5
     StatistiqueMensuelle& f = FormOnRecording();
     Show(f, LineLeBourget, 3);
-    EXPECT_TRUE(f.Jour[2]->Tag.contains(QStringLiteral("Moyen   12 Nds\r\n")));
-    EXPECT_TRUE(f.Jour[3]->Tag.contains(QStringLiteral("Moyen   14 Nds\r\n")));
+    EXPECT_TRUE(Named<Label>(f, Indexed("Jour", 2))->Tag.contains(QStringLiteral("Moyen   12 Nds\r\n")));
+    EXPECT_TRUE(Named<Label>(f, Indexed("Jour", 3))->Tag.contains(QStringLiteral("Moyen   14 Nds\r\n")));
 }
 
 TEST_F(MonthView, ANullInTheTextLeavesTheLabelAndTheUnit) {
     Observe(LeBourget, MarchDay(4), QTime(10, 0), 10, QStringLiteral("240"), std::nullopt, std::nullopt);
     StatistiqueMensuelle& f = FormOnRecording();
     Show(f, LineLeBourget, 3);
-    const QString text = f.Jour[4]->Tag;
+    const QString text = Named<Label>(f, Indexed("Jour", 4))->Tag;
     EXPECT_TRUE(text.contains(QStringLiteral("T° moy   °C\r\nT° maxi  °C\r\nT° mini  °C\r\n")));
     EXPECT_TRUE(text.contains(QStringLiteral("P  moy   Hpa\r\nP  maxi  Hpa\r\nP  mini  Hpa\r\n")));
     // Neither curve has a dot: their tests look at the Null means.
@@ -168,11 +168,11 @@ TEST_F(MonthView, ANullDirectionKeepsThePreviousTextAndDrawsNoArrow) {
     SetNull("orientationdegré", MarchDay(4));
     StatistiqueMensuelle& f = FormOnRecording();
     Show(f, LineLeBourget, 3);
-    const QString day3 = f.Jour[3]->Tag;
+    const QString day3 = Named<Label>(f, Indexed("Jour", 3))->Tag;
     // Day 4's lines are appended to the whole text of day 3, with no line of its own direction.
-    EXPECT_TRUE(f.Jour[4]->Tag.startsWith(day3));
-    EXPECT_TRUE(f.Jour[4]->Tag.mid(day3.size()).startsWith(QStringLiteral("Moyen   20 Nds")));
-    EXPECT_EQ(f.Jour[4]->Tag.count(QStringLiteral("Secteur")), 1);
+    EXPECT_TRUE(Named<Label>(f, Indexed("Jour", 4))->Tag.startsWith(day3));
+    EXPECT_TRUE(Named<Label>(f, Indexed("Jour", 4))->Tag.mid(day3.size()).startsWith(QStringLiteral("Moyen   20 Nds")));
+    EXPECT_EQ(Named<Label>(f, Indexed("Jour", 4))->Tag.count(QStringLiteral("Secteur")), 1);
     const auto arrows = Arrows();
     ASSERT_EQ(arrows.size(), 1u);
     EXPECT_NEAR((arrows[0].x1 + arrows[0].x2) / 2, Centre(3), 1e-9);
@@ -195,13 +195,14 @@ TEST_F(MonthView, ADayWhosePeakIsAVariableWindKeepsThePreviousTextAndDrawsNoArro
     Observe(LeBourget, MarchDay(4), QTime(10, 0), 5, QStringLiteral("120"));
     StatistiqueMensuelle& f = FormOnRecording();
     Show(f, LineLeBourget, 3);
-    const QString day3 = f.Jour[3]->Tag;
+    const QString day3 = Named<Label>(f, Indexed("Jour", 3))->Tag;
     ASSERT_TRUE(day3.startsWith(QStringLiteral("Secteur West South West °\r\n")));
     // No "Secteur North": day 4's lines follow the whole text of day 3.
-    EXPECT_TRUE(f.Jour[4]->Tag.startsWith(day3));
-    EXPECT_TRUE(
-        f.Jour[4]->Tag.mid(day3.size()).startsWith(QStringLiteral("Moyen   12 Nds\r\nMaxi    20 Nds à 09:00:00")));
-    EXPECT_FALSE(f.Jour[4]->Tag.contains(QStringLiteral("North")));
+    EXPECT_TRUE(Named<Label>(f, Indexed("Jour", 4))->Tag.startsWith(day3));
+    EXPECT_TRUE(Named<Label>(f, Indexed("Jour", 4))
+                    ->Tag.mid(day3.size())
+                    .startsWith(QStringLiteral("Moyen   12 Nds\r\nMaxi    20 Nds à 09:00:00")));
+    EXPECT_FALSE(Named<Label>(f, Indexed("Jour", 4))->Tag.contains(QStringLiteral("North")));
     const auto arrows = Arrows();
     ASSERT_EQ(arrows.size(), 1u);
     EXPECT_NEAR((arrows[0].x1 + arrows[0].x2) / 2, Centre(3), 1e-9);
@@ -293,23 +294,23 @@ TEST_F(MonthView, ANullMaximumDrawsNoBarAndLeavesTheClassAsItWas) {
     const auto fills = recording.Calls(DrawOp::SetFillColor);
     const PaletteForceTable& palette = forms.module1().PaletteForce;
     EXPECT_GE(std::count_if(fills.begin(), fills.end(), [&](const DrawCall& c) { return c.color == palette(4); }), 4);
-    EXPECT_TRUE(f.Jour[2]->Tag.contains(QStringLiteral("Maxi     Nds à")));
+    EXPECT_TRUE(Named<Label>(f, Indexed("Jour", 2))->Tag.contains(QStringLiteral("Maxi     Nds à")));
 }
 
 TEST_F(MonthView, AllBoxesUncheckedStillShowTheArrowsAndWriteTheTexts) {
     Observe(LeBourget, MarchDay(8), QTime(10, 0), 20);
     StatistiqueMensuelle& f = FormOnRecording();
     Show(f, LineLeBourget, 3);
-    for (int i = 1; i <= 3; ++i) f.CheckCourbe.at(i)->SetValue(0);
-    f.Jour[8]->Tag.clear();
-    f.Jour[8]->setToolTip(QString());
+    for (int i = 1; i <= 3; ++i) Named<CheckBox>(f, Indexed("CheckCourbe", i))->SetValue(0);
+    Named<Label>(f, Indexed("Jour", 8))->Tag.clear();
+    Named<Label>(f, Indexed("Jour", 8))->setToolTip(QString());
     recording.Clear();
     f.AfficherMois();
     EXPECT_EQ(recording.Count(DrawOp::Box), 0);
     EXPECT_EQ(Arrows().size(), 1u);
     EXPECT_EQ(recording.Count(DrawOp::Circle), 1);
-    EXPECT_FALSE(f.Jour[8]->Tag.isEmpty());
-    EXPECT_EQ(f.Jour[8]->toolTip(), f.Jour[8]->Tag);
+    EXPECT_FALSE(Named<Label>(f, Indexed("Jour", 8))->Tag.isEmpty());
+    EXPECT_EQ(Named<Label>(f, Indexed("Jour", 8))->toolTip(), Named<Label>(f, Indexed("Jour", 8))->Tag);
 }
 
 // ---- The curves and the arrows
@@ -421,7 +422,7 @@ TEST_F(MonthView, AThirtyDayMonthLeavesDay31EmptyAndItsGridLineStands) {
     Show(f, LineLeBourget, 4);
     EXPECT_TRUE(BoxesAt(240 * 30).empty());
     EXPECT_EQ(BoxesAt(240 * 29).size(), 1u);
-    EXPECT_TRUE(f.Jour[31]->Tag.isEmpty());
+    EXPECT_TRUE(Named<Label>(f, Indexed("Jour", 31))->Tag.isEmpty());
     const auto grid = LinesIn(GridGrey);
     EXPECT_EQ(grid.back().x1, 7455);
 }
@@ -431,13 +432,13 @@ TEST_F(MonthView, AprilStillShowsMarchsTextOnDay31) {
     Observe(LeBourget, QDate(2004, 4, 2), QTime(10, 0), 5);
     StatistiqueMensuelle& f = FormOnRecording();
     Show(f, LineLeBourget, 3);
-    const QString march31 = f.Jour[31]->Tag;
+    const QString march31 = Named<Label>(f, Indexed("Jour", 31))->Tag;
     ASSERT_TRUE(march31.contains(QStringLiteral("Maxi    17 Nds")));
-    f.Mois->SetListIndex(3);
-    EXPECT_TRUE(f.Jour[2]->Tag.contains(QStringLiteral("Maxi    5 Nds")));
+    Named<ListBox>(f, QStringLiteral("Mois"))->SetListIndex(3);
+    EXPECT_TRUE(Named<Label>(f, Indexed("Jour", 2))->Tag.contains(QStringLiteral("Maxi    5 Nds")));
     f.Jour_MouseMove(31, 0, 0, 0, 0);
-    EXPECT_EQ(f.Bulletin->Caption(), march31);
-    EXPECT_EQ(f.Jour[31]->toolTip(), march31);
+    EXPECT_EQ(Named<Label>(f, QStringLiteral("Bulletin"))->Caption(), march31);
+    EXPECT_EQ(Named<Label>(f, Indexed("Jour", 31))->toolTip(), march31);
 }
 
 TEST_F(MonthView, AnotherAirportsRowsStayOutOfTheMonth) {
@@ -445,10 +446,10 @@ TEST_F(MonthView, AnotherAirportsRowsStayOutOfTheMonth) {
     Observe(LeBourget, MarchDay(13), QTime(10, 0), 20);
     StatistiqueMensuelle& f = FormOnRecording();
     Show(f, LineLeBourget, 3);
-    EXPECT_TRUE(f.Jour[12]->Tag.isEmpty());
+    EXPECT_TRUE(Named<Label>(f, Indexed("Jour", 12))->Tag.isEmpty());
     EXPECT_EQ(recording.Count(DrawOp::Box), 2);
     Show(f, LineHeathrow, 3);
-    EXPECT_TRUE(f.Jour[12]->Tag.contains(QStringLiteral("Maxi    30 Nds")));
+    EXPECT_TRUE(Named<Label>(f, Indexed("Jour", 12))->Tag.contains(QStringLiteral("Maxi    30 Nds")));
 }
 
 TEST_F(MonthView, TheNewYearIsQueriedWhenTheMonthIsClickedAfterIt) {
@@ -456,11 +457,11 @@ TEST_F(MonthView, TheNewYearIsQueriedWhenTheMonthIsClickedAfterIt) {
     StatistiqueMensuelle& f = FormOnRecording();
     Show(f, LineLeBourget, 3);
     EXPECT_EQ(recording.Count(DrawOp::Box), 0);
-    f.Annee->SetListIndex(2);
+    Named<ListBox>(f, QStringLiteral("Année"))->SetListIndex(2);
     recording.Clear();
-    f.Mois->SetListIndex(2);
+    Named<ListBox>(f, QStringLiteral("Mois"))->SetListIndex(2);
     EXPECT_EQ(recording.Count(DrawOp::Box), 2);
-    EXPECT_TRUE(f.Jour[14]->Tag.contains(QStringLiteral("Maxi    25 Nds")));
+    EXPECT_TRUE(Named<Label>(f, Indexed("Jour", 14))->Tag.contains(QStringLiteral("Maxi    25 Nds")));
 }
 
 // ---- The loop that never ends
@@ -469,9 +470,9 @@ TEST_F(MonthView, WithoutADatabaseTheLoopNeverEndsButTheGridIsDrawn) {
     StatistiqueMensuelle& f = FormOnRecording();
     ASSERT_TRUE(QFile::remove(db.Path()));
     int passes = 0;
-    f.PassageDeBoucle = [&] {
+    f.WatchRowLoop([&] {
         if (++passes == 1000) throw LoopWatched{};
-    };
+    });
     recording.Clear();
     EXPECT_THROW(f.AfficherMois(), LoopWatched);
     EXPECT_EQ(passes, 1000);
@@ -479,7 +480,7 @@ TEST_F(MonthView, WithoutADatabaseTheLoopNeverEndsButTheGridIsDrawn) {
     // Every row step failed: no text, no bar, no dot, no arrow.
     EXPECT_EQ(recording.Count(DrawOp::Box), 0);
     EXPECT_EQ(recording.Count(DrawOp::Circle), 0);
-    for (int i = 1; i <= 31; ++i) EXPECT_TRUE(f.Jour[i]->Tag.isEmpty());
+    for (int i = 1; i <= 31; ++i) EXPECT_TRUE(Named<Label>(f, Indexed("Jour", i))->Tag.isEmpty());
     EXPECT_TRUE(f.JeuMois.IsNothing());
 }
 
@@ -487,12 +488,12 @@ TEST_F(MonthView, WithNoAirportSelectedTheLoopNeverEndsEither) {
     Observe(LeBourget, MarchDay(6), QTime(10, 0), 10);
     StatistiqueMensuelle& f = FormOnRecording();
     int passes = 0;
-    f.PassageDeBoucle = [&] {
+    f.WatchRowLoop([&] {
         if (++passes == 50) throw LoopWatched{};
-    };
+    });
     recording.Clear();
     // Selecting no line raises the list's click, which never comes back.
-    EXPECT_THROW(f.Aeroports->SetListIndex(-1), LoopWatched);
+    EXPECT_THROW(Named<ListBox>(f, QStringLiteral("Aeroports"))->SetListIndex(-1), LoopWatched);
     EXPECT_EQ(passes, 50);
     EXPECT_EQ(recording.Count(DrawOp::Cls), 1);
     EXPECT_EQ(recording.Count(DrawOp::Box), 0);

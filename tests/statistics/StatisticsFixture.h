@@ -4,6 +4,7 @@
 
 #include "Forms.h"
 #include "GuiApplication.h"
+#include "Named.h"
 #include "Printing.h"
 #include "RecordingSurface.h"
 #include "StatistiqueMensuelle.h"
@@ -43,15 +44,15 @@ protected:
     // The form loaded, drawing from now on on the recording.
     StatistiqueMensuelle& FormOnRecording() {
         StatistiqueMensuelle& form = Form();
-        form.drawingSurface = &recording;
+        form.DrawOn(recording);
         return form;
     }
 
     // Selects the airport line and the month (1 to 12) as the user does, which draws the month.
     void Show(StatistiqueMensuelle& form, int airportLine, int month) {
-        form.Aeroports->SetListIndex(airportLine);
+        Named<ListBox>(form, QStringLiteral("Aeroports"))->SetListIndex(airportLine);
         recording.Clear();
-        form.Mois->SetListIndex(month - 1);
+        Named<ListBox>(form, QStringLiteral("Mois"))->SetListIndex(month - 1);
     }
 
     // Adds the observation of one day: wind, direction, temperature and pressure, at a time.

@@ -13,6 +13,7 @@
 #include <QMenuBar>
 #include <QMouseEvent>
 #include <QPointer>
+#include <QRegularExpression>
 #include <QTest>
 
 using namespace skelda;
@@ -38,8 +39,8 @@ struct Placed {
 TEST_F(Statistics, TheFormHasItsCaptionBorderAndClientArea) {
     StatistiqueMensuelle& f = Form();
     EXPECT_EQ(f.windowTitle(), QStringLiteral("Monthly Statistic"));
-    EXPECT_EQ(WidthOf(f.Client), 10635);
-    EXPECT_EQ(HeightOf(f.Client), 5790);
+    EXPECT_EQ(WidthOf(Named<SurfaceWidget>(f, QStringLiteral("Client"))), 10635);
+    EXPECT_EQ(HeightOf(Named<SurfaceWidget>(f, QStringLiteral("Client"))), 5790);
     EXPECT_FALSE(f.windowFlags() & Qt::WindowMinimizeButtonHint);
     EXPECT_FALSE(f.windowFlags() & Qt::WindowMaximizeButtonHint);
     EXPECT_TRUE(f.windowFlags() & Qt::WindowCloseButtonHint);
@@ -75,57 +76,61 @@ TEST_F(Statistics, EveryControlStandsAtItsDesignPlace) {
 TEST_F(Statistics, TheListsHoldTheirItemsLetterForLetter) {
     StatistiqueMensuelle& f = Form();
     QStringList months;
-    for (int i = 0; i < f.Mois->ListCount(); ++i) months << f.Mois->List(i);
+    for (int i = 0; i < Named<ListBox>(f, QStringLiteral("Mois"))->ListCount(); ++i)
+        months << Named<ListBox>(f, QStringLiteral("Mois"))->List(i);
     EXPECT_EQ(months, (QStringList{"January", "Febuary", "March", "April", "May", "June", "July", "August",
                                    "Septemberr", "October", "November", QStringLiteral("Décember")}));
     QStringList years;
-    for (int i = 0; i < f.Annee->ListCount(); ++i) years << f.Annee->List(i);
+    for (int i = 0; i < Named<ListBox>(f, QStringLiteral("Année"))->ListCount(); ++i)
+        years << Named<ListBox>(f, QStringLiteral("Année"))->List(i);
     EXPECT_EQ(years, (QStringList{"2003", "2004", "2005"}));
     // The design item "Aeroports" is cleared by the airport list's filling.
     QStringList airports;
-    for (int i = 0; i < f.Aeroports->ListCount(); ++i) airports << f.Aeroports->List(i);
+    for (int i = 0; i < Named<ListBox>(f, QStringLiteral("Aeroports"))->ListCount(); ++i)
+        airports << Named<ListBox>(f, QStringLiteral("Aeroports"))->List(i);
     ASSERT_EQ(airports.size(), 3);
     EXPECT_TRUE(airports[0].contains(QStringLiteral("London")));
-    EXPECT_EQ(f.Aeroports->ListIndex(), LineLeBourget);
-    EXPECT_EQ(f.Aeroports->ItemData(LineLeBourget), LeBourget);
+    EXPECT_EQ(Named<ListBox>(f, QStringLiteral("Aeroports"))->ListIndex(), LineLeBourget);
+    EXPECT_EQ(Named<ListBox>(f, QStringLiteral("Aeroports"))->ItemData(LineLeBourget), LeBourget);
 }
 
 TEST_F(Statistics, TheCaptionsColoursAndTipsAreAsDesigned) {
     StatistiqueMensuelle& f = Form();
-    EXPECT_EQ(f.Label1->Caption(), QStringLiteral("Airport"));
-    EXPECT_EQ(f.Label2->Caption(), QStringLiteral("Mois"));
+    EXPECT_EQ(Named<Label>(f, QStringLiteral("Label1"))->Caption(), QStringLiteral("Airport"));
+    EXPECT_EQ(Named<Label>(f, QStringLiteral("Label2"))->Caption(), QStringLiteral("Mois"));
     const char* texts[] = {"Pressure Curve", "Temperature Curve", "Wind Curve"};
     const Color colours[] = {RGB(255, 255, 0), RGB(255, 0, 255), RGB(0, 0, 255)};
     for (int i = 1; i <= 3; ++i) {
-        CheckBox* box = f.CheckCourbe.at(i);
+        CheckBox* box = Named<CheckBox>(f, Indexed("CheckCourbe", i));
         EXPECT_EQ(box->text(), QString::fromUtf8(texts[i - 1]));
         EXPECT_EQ(box->ForeColor(), colours[i - 1]);
         EXPECT_EQ(box->Value(), 1);
     }
-    EXPECT_EQ(f.CheckCourbe.at(2)->toolTip(),
+    EXPECT_EQ(Named<CheckBox>(f, Indexed("CheckCourbe", 2))->toolTip(),
               QStringLiteral("Montrer ou masquer la courbe de température (moyenne + mini + maxi)"));
-    EXPECT_EQ(f.CheckCourbe.at(3)->toolTip(),
+    EXPECT_EQ(Named<CheckBox>(f, Indexed("CheckCourbe", 3))->toolTip(),
               QStringLiteral("Montrer ou masquer la courbe de zefir (moyenne + maxi + heure de maxi)"));
-    EXPECT_EQ(f.TxtDeg[1]->Caption(), QStringLiteral("40 °C"));
-    EXPECT_EQ(f.TxtDeg[3]->Caption(), QStringLiteral("1015"));
-    EXPECT_EQ(TextColour(f.TxtDeg[3]), QColor(128, 128, 0));
-    EXPECT_EQ(TextColour(f.TxtTemp.at(0)), QColor(0, 0, 128));
-    EXPECT_DOUBLE_EQ(f.TxtTemp.at(0)->font().pointSizeF(), 6.75);
-    EXPECT_TRUE(f.TxtTemp.at(0)->alignment() & Qt::AlignRight);
-    EXPECT_EQ(f.Jour[12]->objectName(), QStringLiteral("Jour(12)"));
-    EXPECT_EQ(f.Jour[12]->palette().color(QPalette::Window), QColor(224, 224, 224));
-    EXPECT_EQ(f.Bulletin->palette().color(QPalette::Window), QColor(192, 255, 255));
-    EXPECT_FALSE(f.Bulletin->isVisibleTo(&f));
+    EXPECT_EQ(Named<Label>(f, Indexed("TxtDeg", 1))->Caption(), QStringLiteral("40 °C"));
+    EXPECT_EQ(Named<Label>(f, Indexed("TxtDeg", 3))->Caption(), QStringLiteral("1015"));
+    EXPECT_EQ(TextColour(Named<Label>(f, Indexed("TxtDeg", 3))), QColor(128, 128, 0));
+    EXPECT_EQ(TextColour(Named<Label>(f, Indexed("TxtTemp", 0))), QColor(0, 0, 128));
+    EXPECT_DOUBLE_EQ(Named<Label>(f, Indexed("TxtTemp", 0))->font().pointSizeF(), 6.75);
+    EXPECT_TRUE(Named<Label>(f, Indexed("TxtTemp", 0))->alignment() & Qt::AlignRight);
+    EXPECT_EQ(Named<Label>(f, Indexed("Jour", 12))->objectName(), QStringLiteral("Jour(12)"));
+    EXPECT_EQ(Named<Label>(f, Indexed("Jour", 12))->palette().color(QPalette::Window), QColor(224, 224, 224));
+    EXPECT_EQ(Named<Label>(f, QStringLiteral("Bulletin"))->palette().color(QPalette::Window), QColor(192, 255, 255));
+    EXPECT_FALSE(Named<Label>(f, QStringLiteral("Bulletin"))->isVisibleTo(&f));
 }
 
 TEST_F(Statistics, TheMenuHoldsImprimerAndFermer) {
     StatistiqueMensuelle& f = Form();
     ASSERT_NE(f.findChild<QMenu*>(QStringLiteral("MenuStat")), nullptr);
-    EXPECT_EQ(f.MenuStat->title(), QStringLiteral("Menu"));
-    ASSERT_EQ(f.MenuStat->actions().size(), 2);
-    EXPECT_EQ(f.MenuStat->actions()[0]->text(), QStringLiteral("Imprimer..."));
-    EXPECT_EQ(f.MenuStat->actions()[0]->objectName(), QStringLiteral("MenuStatImprimer"));
-    EXPECT_EQ(f.MenuStat->actions()[1]->text(), QStringLiteral("Fermer"));
+    EXPECT_EQ(Named<QMenu>(f, QStringLiteral("MenuStat"))->title(), QStringLiteral("Menu"));
+    ASSERT_EQ(Named<QMenu>(f, QStringLiteral("MenuStat"))->actions().size(), 2);
+    EXPECT_EQ(Named<QMenu>(f, QStringLiteral("MenuStat"))->actions()[0]->text(), QStringLiteral("Imprimer..."));
+    EXPECT_EQ(Named<QMenu>(f, QStringLiteral("MenuStat"))->actions()[0]->objectName(),
+              QStringLiteral("MenuStatImprimer"));
+    EXPECT_EQ(Named<QMenu>(f, QStringLiteral("MenuStat"))->actions()[1]->text(), QStringLiteral("Fermer"));
 }
 
 TEST_F(Statistics, ThePlotLinesAndTheFrameStandWhereTheScalesReadThem) {
@@ -164,36 +169,36 @@ TEST_F(Statistics, OpeningTheWindowDrawsNothingOnThePlot) {
     StatistiqueMensuelle& f = Form();
     // Steps 3 to 5 raised the lists' clicks, which found StatPrete still False.
     EXPECT_EQ(f.StatPrete, -1);
-    const QImage opened = f.Picture1->Snapshot();
-    f.Picture1->Cls();
-    EXPECT_EQ(opened, f.Picture1->Snapshot());
+    const QImage opened = Named<PlotPicture>(f, QStringLiteral("Picture1"))->Snapshot();
+    Named<PlotPicture>(f, QStringLiteral("Picture1"))->Cls();
+    EXPECT_EQ(opened, Named<PlotPicture>(f, QStringLiteral("Picture1"))->Snapshot());
     // The bitmap shows, and the red frame and the dotted lines stand above it.
     EXPECT_EQ(opened.pixelColor(200, 2), QColor(193, 255, 255));
-    const QImage shown = f.Picture1->grab().toImage();
+    const QImage shown = Named<PlotPicture>(f, QStringLiteral("Picture1"))->grab().toImage();
     EXPECT_EQ(shown.pixelColor(0, 100), QColor(255, 0, 0));  // Lverticale
     EXPECT_EQ(shown.pixelColor(200, 0), QColor(255, 0, 0));  // Line3
     for (int i = 1; i <= 31; ++i) {
-        EXPECT_EQ(f.Jour[i]->Caption(), QStringLiteral("%1").arg(i, 2, 10, QLatin1Char('0')));
-        EXPECT_TRUE(f.Jour[i]->Tag.isEmpty());
+        EXPECT_EQ(Named<Label>(f, Indexed("Jour", i))->Caption(), QStringLiteral("%1").arg(i, 2, 10, QLatin1Char('0')));
+        EXPECT_TRUE(Named<Label>(f, Indexed("Jour", i))->Tag.isEmpty());
     }
     // Hovering a day brings up an empty pop-up.
-    MoveOver(f.Jour[5]);
-    EXPECT_TRUE(f.Bulletin->isVisibleTo(&f));
-    EXPECT_EQ(f.Bulletin->Caption(), QString());
+    MoveOver(Named<Label>(f, Indexed("Jour", 5)));
+    EXPECT_TRUE(Named<Label>(f, QStringLiteral("Bulletin"))->isVisibleTo(&f));
+    EXPECT_EQ(Named<Label>(f, QStringLiteral("Bulletin"))->Caption(), QString());
 }
 
 TEST_F(Statistics, OpeningInJanuarySelectsTheFirstMonth) {
     clock.Set(QDateTime(QDate(2005, 1, 1), QTime(0, 0)));
     StatistiqueMensuelle& f = Form();
-    EXPECT_EQ(f.Mois->ListIndex(), 0);
-    EXPECT_EQ(f.Annee->ListIndex(), 2);
+    EXPECT_EQ(Named<ListBox>(f, QStringLiteral("Mois"))->ListIndex(), 0);
+    EXPECT_EQ(Named<ListBox>(f, QStringLiteral("Année"))->ListIndex(), 2);
 }
 
 TEST_F(Statistics, OpeningInDecemberSelectsTheTwelfthMonth) {
     clock.Set(QDateTime(QDate(2003, 12, 31), QTime(23, 59)));
     StatistiqueMensuelle& f = Form();
-    EXPECT_EQ(f.Mois->ListIndex(), 11);
-    EXPECT_EQ(f.Annee->ListIndex(), 0);
+    EXPECT_EQ(Named<ListBox>(f, QStringLiteral("Mois"))->ListIndex(), 11);
+    EXPECT_EQ(Named<ListBox>(f, QStringLiteral("Année"))->ListIndex(), 0);
 }
 
 TEST_F(Statistics, OpeningInAYearOutsideTheListFailsAtTheYear) {
@@ -201,8 +206,8 @@ TEST_F(Statistics, OpeningInAYearOutsideTheListFailsAtTheYear) {
     StatistiqueMensuelle form(forms);
     EXPECT_EQ(ErrorOf([&] { form.Form_Load(); }), InvalidPropertyValue);
     // The month came before, the scale and StatPrete after.
-    EXPECT_EQ(form.Mois->ListIndex(), 2);
-    EXPECT_EQ(form.TxtTemp.size(), 1u);
+    EXPECT_EQ(Named<ListBox>(form, QStringLiteral("Mois"))->ListIndex(), 2);
+    EXPECT_EQ(form.findChildren<Label*>(QRegularExpression(QStringLiteral("^TxtTemp\\("))).size(), 1);
     EXPECT_EQ(form.StatPrete, 0);
 }
 
@@ -211,9 +216,9 @@ TEST_F(Statistics, OpeningInAYearBeforeTheListFailsAtTheYearAsAfterIt) {
         clock.Set(QDateTime(QDate(year, 3, 1), QTime(12, 0)));
         StatistiqueMensuelle form(forms);
         EXPECT_EQ(ErrorOf([&] { form.Form_Load(); }), InvalidPropertyValue) << year;
-        EXPECT_EQ(form.Mois->ListIndex(), 2);
-        EXPECT_EQ(form.Annee->ListIndex(), -1);
-        EXPECT_EQ(form.TxtTemp.size(), 1u);
+        EXPECT_EQ(Named<ListBox>(form, QStringLiteral("Mois"))->ListIndex(), 2);
+        EXPECT_EQ(Named<ListBox>(form, QStringLiteral("Année"))->ListIndex(), -1);
+        EXPECT_EQ(form.findChildren<Label*>(QRegularExpression(QStringLiteral("^TxtTemp\\("))).size(), 1);
         EXPECT_EQ(form.StatPrete, 0);
     }
 }
@@ -227,7 +232,7 @@ TEST_F(Statistics, OpeningWithoutADatabaseFailsAtTheAirports) {
 
 TEST_F(Statistics, TheWindScaleIsLoadedEveryFiveKnotsFromThePlotsDesignTop) {
     StatistiqueMensuelle& f = Form();
-    ASSERT_EQ(f.TxtTemp.size(), 11u);
+    ASSERT_EQ(f.findChildren<Label*>(QRegularExpression(QStringLiteral("^TxtTemp\\("))).size(), 11);
     // Top = 204 + 5000 - 100 i - 195 / 2 = 5106.5 - 100 i, to the even whole number: 4606 twips
     // for 5 knots down to 106 for 50, each kept in whole pixels (15 twips to the pixel).
     const struct {
@@ -238,7 +243,7 @@ TEST_F(Statistics, TheWindScaleIsLoadedEveryFiveKnotsFromThePlotsDesignTop) {
                  {30, 2106, 140}, {35, 1606, 107}, {40, 1106, 74},  {45, 606, 40},   {50, 106, 7}};
     for (const auto& [knots, twips, pixels] : scale) {
         SCOPED_TRACE(twips);
-        Label* label = f.TxtTemp.at(knots);
+        Label* label = Named<Label>(f, Indexed("TxtTemp", knots));
         EXPECT_EQ(label->objectName(), QStringLiteral("TxtTemp(%1)").arg(knots));
         EXPECT_EQ(label->Caption(), QStringLiteral("%1 nds").arg(knots));
         EXPECT_TRUE(label->isVisibleTo(&f));
@@ -255,27 +260,30 @@ TEST_F(Statistics, ChangingTheYearAloneLeavesThePlotAsItIs) {
     StatistiqueMensuelle& f = FormOnRecording();
     Show(f, LineLeBourget, 3);
     ASSERT_EQ(recording.Count(DrawOp::Cls), 1);
-    EXPECT_TRUE(f.Jour[5]->Tag.startsWith(QStringLiteral("Secteur")));
+    EXPECT_TRUE(Named<Label>(f, Indexed("Jour", 5))->Tag.startsWith(QStringLiteral("Secteur")));
     recording.Clear();
-    f.Annee->SetListIndex(0);  // 2003: the list has no handler
+    Named<ListBox>(f, QStringLiteral("Année"))->SetListIndex(0);  // 2003: the list has no handler
     EXPECT_TRUE(recording.Calls().empty());
-    EXPECT_TRUE(f.Jour[9]->Tag.isEmpty());
+    EXPECT_TRUE(Named<Label>(f, Indexed("Jour", 9))->Tag.isEmpty());
     // A click on the month already selected redraws with the new year.
-    f.Mois->SetListIndex(2);
+    Named<ListBox>(f, QStringLiteral("Mois"))->SetListIndex(2);
     EXPECT_EQ(recording.Count(DrawOp::Cls), 1);
-    EXPECT_TRUE(f.Jour[9]->Tag.contains(QStringLiteral("Maxi    30 Nds")));
+    EXPECT_TRUE(Named<Label>(f, Indexed("Jour", 9))->Tag.contains(QStringLiteral("Maxi    30 Nds")));
 }
 
 TEST_F(Statistics, AClickOnTheMonthSelectedAtOpeningDrawsIt) {
     Observe(LeBourget, QDate(2004, 3, 5), QTime(10, 0), 20);
     StatistiqueMensuelle& f = FormOnRecording();
     f.show();
-    ASSERT_EQ(f.Aeroports->ListIndex(), LineLeBourget);
-    ASSERT_EQ(f.Mois->ListIndex(), 2);
+    ASSERT_EQ(Named<ListBox>(f, QStringLiteral("Aeroports"))->ListIndex(), LineLeBourget);
+    ASSERT_EQ(Named<ListBox>(f, QStringLiteral("Mois"))->ListIndex(), 2);
     recording.Clear();
-    QTest::mouseClick(f.Mois->viewport(), Qt::LeftButton, {}, f.Mois->visualItemRect(f.Mois->item(2)).center());
+    QTest::mouseClick(Named<ListBox>(f, QStringLiteral("Mois"))->viewport(), Qt::LeftButton, {},
+                      Named<ListBox>(f, QStringLiteral("Mois"))
+                          ->visualItemRect(Named<ListBox>(f, QStringLiteral("Mois"))->item(2))
+                          .center());
     EXPECT_EQ(recording.Count(DrawOp::Cls), 1);
-    EXPECT_TRUE(f.Jour[5]->Tag.contains(QStringLiteral("Maxi    20 Nds")));
+    EXPECT_TRUE(Named<Label>(f, Indexed("Jour", 5))->Tag.contains(QStringLiteral("Maxi    20 Nds")));
     f.hide();
 }
 
@@ -284,10 +292,11 @@ TEST_F(Statistics, AClickOnTheAirportSelectedAtOpeningDrawsIt) {
     StatistiqueMensuelle& f = FormOnRecording();
     f.show();
     recording.Clear();
-    const QRect line = f.Aeroports->visualItemRect(f.Aeroports->item(LineLeBourget));
-    QTest::mouseClick(f.Aeroports->viewport(), Qt::LeftButton, {}, line.center());
+    const QRect line = Named<ListBox>(f, QStringLiteral("Aeroports"))
+                           ->visualItemRect(Named<ListBox>(f, QStringLiteral("Aeroports"))->item(LineLeBourget));
+    QTest::mouseClick(Named<ListBox>(f, QStringLiteral("Aeroports"))->viewport(), Qt::LeftButton, {}, line.center());
     EXPECT_EQ(recording.Count(DrawOp::Cls), 1);
-    EXPECT_TRUE(f.Jour[5]->Tag.contains(QStringLiteral("Maxi    20 Nds")));
+    EXPECT_TRUE(Named<Label>(f, Indexed("Jour", 5))->Tag.contains(QStringLiteral("Maxi    20 Nds")));
     f.hide();
 }
 
@@ -296,23 +305,28 @@ TEST_F(Statistics, ALaterClickOnTheSelectedMonthRedrawsWithTheNewYear) {
     Observe(LeBourget, QDate(2003, 3, 9), QTime(10, 0), 30);
     StatistiqueMensuelle& f = FormOnRecording();
     f.show();
-    const QPoint mars = f.Mois->visualItemRect(f.Mois->item(2)).center();
-    QTest::mouseClick(f.Mois->viewport(), Qt::LeftButton, {}, mars);
-    ASSERT_TRUE(f.Jour[9]->Tag.isEmpty());
+    const QPoint mars = Named<ListBox>(f, QStringLiteral("Mois"))
+                            ->visualItemRect(Named<ListBox>(f, QStringLiteral("Mois"))->item(2))
+                            .center();
+    QTest::mouseClick(Named<ListBox>(f, QStringLiteral("Mois"))->viewport(), Qt::LeftButton, {}, mars);
+    ASSERT_TRUE(Named<Label>(f, Indexed("Jour", 9))->Tag.isEmpty());
     // 2003 chosen with the mouse: the year list has no handler, so nothing is drawn yet.
     recording.Clear();
-    QTest::mouseClick(f.Annee->viewport(), Qt::LeftButton, {}, f.Annee->visualItemRect(f.Annee->item(0)).center());
-    EXPECT_EQ(f.Annee->ListIndex(), 0);
+    QTest::mouseClick(Named<ListBox>(f, QStringLiteral("Année"))->viewport(), Qt::LeftButton, {},
+                      Named<ListBox>(f, QStringLiteral("Année"))
+                          ->visualItemRect(Named<ListBox>(f, QStringLiteral("Année"))->item(0))
+                          .center());
+    EXPECT_EQ(Named<ListBox>(f, QStringLiteral("Année"))->ListIndex(), 0);
     EXPECT_TRUE(recording.Calls().empty());
-    QTest::mouseClick(f.Mois->viewport(), Qt::LeftButton, {}, mars);
+    QTest::mouseClick(Named<ListBox>(f, QStringLiteral("Mois"))->viewport(), Qt::LeftButton, {}, mars);
     EXPECT_EQ(recording.Count(DrawOp::Cls), 1);
-    EXPECT_TRUE(f.Jour[9]->Tag.contains(QStringLiteral("Maxi    30 Nds")));
+    EXPECT_TRUE(Named<Label>(f, Indexed("Jour", 9))->Tag.contains(QStringLiteral("Maxi    30 Nds")));
     f.hide();
 }
 
 TEST_F(Statistics, UncheckingTheTemperatureBoxGreysItAndCheckingRestoresItsColour) {
     StatistiqueMensuelle& f = FormOnRecording();
-    CheckBox* box = f.CheckCourbe.at(2);
+    CheckBox* box = Named<CheckBox>(f, Indexed("CheckCourbe", 2));
     box->click();
     EXPECT_EQ(box->Value(), 0);
     EXPECT_EQ(box->ForeColor(), RGB(128, 128, 128));
@@ -328,10 +342,10 @@ TEST_F(Statistics, UncheckingTheTemperatureBoxGreysItAndCheckingRestoresItsColou
 
 TEST_F(Statistics, ChangingAValueByCodeRaisesTheBoxsClick) {
     StatistiqueMensuelle& f = FormOnRecording();
-    f.CheckCourbe.at(1)->SetValue(0);
-    EXPECT_EQ(f.CheckCourbe.at(1)->ForeColor(), RGB(128, 128, 128));
+    Named<CheckBox>(f, Indexed("CheckCourbe", 1))->SetValue(0);
+    EXPECT_EQ(Named<CheckBox>(f, Indexed("CheckCourbe", 1))->ForeColor(), RGB(128, 128, 128));
     EXPECT_EQ(recording.Count(DrawOp::Cls), 1);
-    EXPECT_EQ(ErrorOf([&] { f.CheckCourbe.at(1)->SetValue(2); }), InvalidPropertyValue);
+    EXPECT_EQ(ErrorOf([&] { Named<CheckBox>(f, Indexed("CheckCourbe", 1))->SetValue(2); }), InvalidPropertyValue);
 }
 
 // ---- The pop-up text
@@ -340,24 +354,25 @@ TEST_F(Statistics, ThePopUpStaysOverThePlotGoesOnTheFormAndComesBackOnACell) {
     Observe(LeBourget, QDate(2004, 3, 7), QTime(10, 0), 20);
     StatistiqueMensuelle& f = FormOnRecording();
     Show(f, LineLeBourget, 3);
-    MoveOver(f.Jour[7]);
-    ASSERT_TRUE(f.Bulletin->isVisibleTo(&f));
-    EXPECT_EQ(f.Bulletin->Caption(), f.Jour[7]->Tag);
-    EXPECT_TRUE(f.Bulletin->Caption().startsWith(QStringLiteral("Secteur West South West °")));
-    const QRect place = f.Bulletin->geometry();
+    MoveOver(Named<Label>(f, Indexed("Jour", 7)));
+    ASSERT_TRUE(Named<Label>(f, QStringLiteral("Bulletin"))->isVisibleTo(&f));
+    EXPECT_EQ(Named<Label>(f, QStringLiteral("Bulletin"))->Caption(), Named<Label>(f, Indexed("Jour", 7))->Tag);
+    EXPECT_TRUE(
+        Named<Label>(f, QStringLiteral("Bulletin"))->Caption().startsWith(QStringLiteral("Secteur West South West °")));
+    const QRect place = Named<Label>(f, QStringLiteral("Bulletin"))->geometry();
     // Over the rest of the plot, and over a list: the text stays.
-    MoveOver(f.Picture1, QPoint(300, 200));
-    MoveOver(f.Mois);
-    EXPECT_TRUE(f.Bulletin->isVisibleTo(&f));
+    MoveOver(Named<PlotPicture>(f, QStringLiteral("Picture1")), QPoint(300, 200));
+    MoveOver(Named<ListBox>(f, QStringLiteral("Mois")));
+    EXPECT_TRUE(Named<Label>(f, QStringLiteral("Bulletin"))->isVisibleTo(&f));
     // On the form's own background it goes.
-    MoveOver(f.Client, QPoint(5, 380));
-    EXPECT_FALSE(f.Bulletin->isVisibleTo(&f));
+    MoveOver(Named<SurfaceWidget>(f, QStringLiteral("Client")), QPoint(5, 380));
+    EXPECT_FALSE(Named<Label>(f, QStringLiteral("Bulletin"))->isVisibleTo(&f));
     // On a cell again it comes back, in the same place, with nothing else changed.
     recording.Clear();
-    MoveOver(f.Jour[7]);
-    EXPECT_TRUE(f.Bulletin->isVisibleTo(&f));
-    EXPECT_EQ(f.Bulletin->geometry(), place);
-    EXPECT_EQ(f.Bulletin->Caption(), f.Jour[7]->Tag);
+    MoveOver(Named<Label>(f, Indexed("Jour", 7)));
+    EXPECT_TRUE(Named<Label>(f, QStringLiteral("Bulletin"))->isVisibleTo(&f));
+    EXPECT_EQ(Named<Label>(f, QStringLiteral("Bulletin"))->geometry(), place);
+    EXPECT_EQ(Named<Label>(f, QStringLiteral("Bulletin"))->Caption(), Named<Label>(f, Indexed("Jour", 7))->Tag);
     EXPECT_TRUE(recording.Calls().empty());
 }
 
@@ -365,8 +380,8 @@ TEST_F(Statistics, EachDayCellShowsItsTextAsATipToo) {
     Observe(LeBourget, QDate(2004, 3, 7), QTime(10, 0), 20);
     StatistiqueMensuelle& f = FormOnRecording();
     Show(f, LineLeBourget, 3);
-    EXPECT_FALSE(f.Jour[7]->toolTip().isEmpty());
-    EXPECT_EQ(f.Jour[7]->toolTip(), f.Jour[7]->Tag);
+    EXPECT_FALSE(Named<Label>(f, Indexed("Jour", 7))->toolTip().isEmpty());
+    EXPECT_EQ(Named<Label>(f, Indexed("Jour", 7))->toolTip(), Named<Label>(f, Indexed("Jour", 7))->Tag);
 }
 
 // ---- Closing
@@ -374,9 +389,9 @@ TEST_F(Statistics, EachDayCellShowsItsTextAsATipToo) {
 TEST_F(Statistics, FermerClearsTheFormsSurfaceAndUnloadsIt) {
     StatistiqueMensuelle& f = Form();
     f.show();
-    f.Client->Line(0, 0, 3000, 3000, RGB(255, 0, 0));
+    Named<SurfaceWidget>(f, QStringLiteral("Client"))->Line(0, 0, 3000, 3000, RGB(255, 0, 0));
     QPointer<StatistiqueMensuelle> form(&f);
-    f.MenuStatFermer->trigger();
+    Named<QAction>(f, QStringLiteral("MenuStatFermer"))->trigger();
     EXPECT_EQ(f.StatPrete, 0);
     EXPECT_FALSE(f.isVisible());
     DeleteClosed();
@@ -389,9 +404,9 @@ TEST_F(Statistics, ClosingAndReopeningBringsBackCheckedBoxesAndEmptyCells) {
     {
         StatistiqueMensuelle& f = FormOnRecording();
         Show(f, LineLeBourget, 3);
-        f.CheckCourbe.at(1)->click();
-        f.CheckCourbe.at(3)->click();
-        ASSERT_FALSE(f.Jour[7]->Tag.isEmpty());
+        Named<CheckBox>(f, Indexed("CheckCourbe", 1))->click();
+        Named<CheckBox>(f, Indexed("CheckCourbe", 3))->click();
+        ASSERT_FALSE(Named<Label>(f, Indexed("Jour", 7))->Tag.isEmpty());
         f.show();
         f.close();  // the close box
         EXPECT_EQ(f.StatPrete, 0);
@@ -399,12 +414,12 @@ TEST_F(Statistics, ClosingAndReopeningBringsBackCheckedBoxesAndEmptyCells) {
     DeleteClosed();
     ASSERT_FALSE(forms.Loaded<StatistiqueMensuelle>());
     StatistiqueMensuelle& again = Form();
-    for (int i = 1; i <= 3; ++i) EXPECT_EQ(again.CheckCourbe.at(i)->Value(), 1) << i;
+    for (int i = 1; i <= 3; ++i) EXPECT_EQ(Named<CheckBox>(again, Indexed("CheckCourbe", i))->Value(), 1) << i;
     for (int i = 1; i <= 31; ++i) {
-        EXPECT_TRUE(again.Jour[i]->Tag.isEmpty());
-        EXPECT_TRUE(again.Jour[i]->toolTip().isEmpty());
+        EXPECT_TRUE(Named<Label>(again, Indexed("Jour", i))->Tag.isEmpty());
+        EXPECT_TRUE(Named<Label>(again, Indexed("Jour", i))->toolTip().isEmpty());
     }
-    EXPECT_EQ(again.TxtTemp.size(), 11u);
+    EXPECT_EQ(again.findChildren<Label*>(QRegularExpression(QStringLiteral("^TxtTemp\\("))).size(), 11);
     EXPECT_EQ(again.StatPrete, -1);
 }
 

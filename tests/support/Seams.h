@@ -1,12 +1,19 @@
-// Test stand-ins for the random draw and the message boxes.
+// Test stand-ins for the random draw, the message boxes, the printer, the end of the process and
+// the notification area.
 #pragma once
 
 #include "MessageBoxes.h"
+#include "NotificationArea.h"
+#include "Printer.h"
+#include "ProcessEnd.h"
 #include "Random.h"
+#include "RecordingSurface.h"
 
 #include <QString>
 
 #include <deque>
+#include <functional>
+#include <memory>
 #include <vector>
 
 namespace skelda::test {
@@ -62,6 +69,38 @@ private:
         titles.push_back(title);
         styles.push_back(style);
     }
+};
+
+// A printer whose pages are what the test says, by default a fresh recording each.
+class TestPrinter : public Printer {
+public:
+    std::shared_ptr<PageSurface> NewPage() override { return pages ? pages() : std::make_shared<RecordingSurface>(); }
+    std::function<std::shared_ptr<PageSurface>()> pages;
+};
+
+// An end of the process that only counts: the test goes on after it.
+class CountingProcessEnd : public ProcessEnd {
+public:
+    void End(int ExitCode) override {
+        ++ends;
+        codes.push_back(ExitCode);
+    }
+    int ends = 0;
+    std::vector<int> codes;
+};
+
+// The desktop's notification area, with a watch that the tests of the start form set: it sees
+// each call before the call goes on, and may fail it by throwing.
+class WatchedNotificationArea : public NotificationArea {
+public:
+    void Shell_NotifyIconA(int dwMessage, const NotifyIconData& Data) override {
+        if (watch) watch(dwMessage, Data);
+        desktop_.Shell_NotifyIconA(dwMessage, Data);
+    }
+    std::function<void(int dwMessage, const NotifyIconData& Data)> watch;
+
+private:
+    DesktopNotificationArea desktop_;
 };
 
 }  // namespace skelda::test

@@ -10,7 +10,14 @@ namespace skelda::test {
 TestServices::TestServices(const QDateTime& now, const QString& applicationPath)
     : clock(now),
       guard(boxes, [this](int number) { runTimeEnds.push_back(number); }),
-      services{.clock = clock, .random = random, .boxes = boxes, .guard = guard, .applicationPath = applicationPath} {}
+      services{.clock = clock,
+               .random = random,
+               .boxes = boxes,
+               .guard = guard,
+               .applicationPath = applicationPath,
+               .printer = printer,
+               .processEnd = processEnd,
+               .notificationArea = notificationArea} {}
 #pragma GCC diagnostic pop
 
 }  // namespace skelda::test

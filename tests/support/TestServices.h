@@ -1,7 +1,8 @@
 // The services that a test builds its forms with: a clock that stands still at a moment of the
 // test's choosing, a random draw that gives what the test tells it, message boxes that remember
-// what they showed and answer as the test queued, and the guard where events enter, whose end of
-// the program is noted instead of ending the test program.
+// what they showed and answer as the test queued, the guard where events enter, whose end of the
+// program is noted instead of ending the test program, a printer of recorded pages, an end of the
+// process that only counts, and the desktop's notification area under the test's watch.
 //
 //     class MainWindow : public ::testing::Test, protected TestStation {
 //     protected:
@@ -39,6 +40,9 @@ public:
     // after the box of the first.
     std::vector<int> runTimeEnds;
     RunTimeGuard guard;
+    TestPrinter printer;
+    CountingProcessEnd processEnd;
+    WatchedNotificationArea notificationArea;
     Services services;
 };
 

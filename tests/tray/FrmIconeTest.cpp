@@ -23,8 +23,8 @@ TEST_F(Tray, TheStartFormHasItsCaptionSizeAndPicture) {
     EXPECT_EQ(tray.windowTitle(), DesignCaption);
     EXPECT_EQ(tray.size(), QSize(255, 427));  // 3825 by 6405 twips
     ASSERT_NE(tray.findChild<QLabel*>(QStringLiteral("Picture1")), nullptr);
-    EXPECT_TRUE(tray.Picture1->geometry().contains(QRect(QPoint(0, 0), tray.size())));
-    EXPECT_EQ(tray.Picture1->pixmap().size(), QSize(324, 537));
+    EXPECT_TRUE(Named<QLabel>(tray, QStringLiteral("Picture1"))->geometry().contains(QRect(QPoint(0, 0), tray.size())));
+    EXPECT_EQ(Named<QLabel>(tray, QStringLiteral("Picture1"))->pixmap().size(), QSize(324, 537));
     EXPECT_EQ(timer1AtLoad.enabled, true);
     EXPECT_EQ(timer1AtLoad.interval, 1000);
 }
@@ -32,7 +32,7 @@ TEST_F(Tray, TheStartFormHasItsCaptionSizeAndPicture) {
 TEST_F(Tray, TheMenuHasItsSevenItemsInOrderWithThreeDisabled) {
     FrmIcone& tray = StartForm();
     QMenu* menu = tray.findChild<QMenu*>(QStringLiteral("Menu"));
-    ASSERT_EQ(menu, tray.Menu);
+    ASSERT_NE(menu, nullptr);
     EXPECT_EQ(menu->title(), QStringLiteral("Menu"));
     EXPECT_FALSE(menu->menuAction()->isVisible());
     const struct {
@@ -65,9 +65,9 @@ TEST_F(Tray, LoadingTheStartFormLoadsForm1FirstAndAddsTheIconWithTipSkelda) {
     EXPECT_TRUE(forms.Loaded<Form1>());
     EXPECT_EQ(LogCount(QStringLiteral("Skelda Starting")), 1);
     Form1& f = Form();
-    EXPECT_FALSE(f.T.Enabled());
+    EXPECT_FALSE(T(f).Enabled());
     EXPECT_FALSE(f.isVisible());
-    EXPECT_FALSE(tray.Image1->Picture().isNull());
+    EXPECT_FALSE(Named<Image>(tray, QStringLiteral("Image1"))->Picture().isNull());
     EXPECT_FALSE(tray.IconeNotif.hIcon.isNull());
     EXPECT_TRUE(tray.windowFlags().testFlag(Qt::Tool));
     EXPECT_EQ(tray.IconeNotif.cbSize, 88u);
@@ -81,14 +81,14 @@ TEST_F(Tray, LoadingTheStartFormLoadsForm1FirstAndAddsTheIconWithTipSkelda) {
 
 TEST_F(Tray, TheRealNotificationIconShowsWhereTheDesktopHasOne) {
     if (!QSystemTrayIcon::isSystemTrayAvailable()) {
-        EXPECT_EQ(StartForm().Icone, nullptr);
+        EXPECT_EQ(Icone(StartForm()), nullptr);
         GTEST_SKIP() << "no notification area on this desktop";
     }
     FrmIcone& tray = StartForm();
-    ASSERT_NE(tray.Icone, nullptr);
-    EXPECT_TRUE(tray.Icone->isVisible());
-    EXPECT_EQ(tray.Icone->toolTip(), QStringLiteral("Skelda"));
-    emit tray.Icone->activated(QSystemTrayIcon::DoubleClick);
+    ASSERT_NE(Icone(tray), nullptr);
+    EXPECT_TRUE(Icone(tray)->isVisible());
+    EXPECT_EQ(Icone(tray)->toolTip(), QStringLiteral("Skelda"));
+    emit Icone(tray)->activated(QSystemTrayIcon::DoubleClick);
     EXPECT_TRUE(Form().isVisible());
 }
 
@@ -109,22 +109,22 @@ TEST_F(Tray, ALeftSingleClickDoesNothing) {
     Message(tray, 514);
     EXPECT_EQ(tray.MessageSouris, 514);
     EXPECT_FALSE(Form().isVisible());
-    EXPECT_FALSE(tray.Menu->isVisible());
+    EXPECT_FALSE(Named<QMenu>(tray, QStringLiteral("Menu"))->isVisible());
 }
 
 TEST_F(Tray, ARightPressDoesNothingUntilItsReleasePopsUpTheMenu) {
     FrmIcone& tray = StartForm();
     Message(tray, 516);
-    EXPECT_FALSE(tray.Menu->isVisible());
+    EXPECT_FALSE(Named<QMenu>(tray, QStringLiteral("Menu"))->isVisible());
 
     bool shownDuringPopup = false;
     int16_t guardDuringPopup = 0;
     QTimer::singleShot(0, &tray, [&] {
-        shownDuringPopup = tray.Menu->isVisible();
+        shownDuringPopup = Named<QMenu>(tray, QStringLiteral("Menu"))->isVisible();
         guardDuringPopup = tray.FormIconeActif;
         // A double click while the menu is up finds the handler busy and is dropped.
         Message(tray, 515);
-        tray.Menu->close();
+        Named<QMenu>(tray, QStringLiteral("Menu"))->close();
     });
     Message(tray, 517);
     EXPECT_TRUE(shownDuringPopup);
@@ -132,7 +132,7 @@ TEST_F(Tray, ARightPressDoesNothingUntilItsReleasePopsUpTheMenu) {
     EXPECT_EQ(tray.FormIconeActif, 0);
     EXPECT_EQ(tray.MessageSouris, 515);  // decoded before the guard, and dropped
     EXPECT_FALSE(Form().isVisible());
-    EXPECT_FALSE(tray.Menu->isVisible());
+    EXPECT_FALSE(Named<QMenu>(tray, QStringLiteral("Menu"))->isVisible());
 }
 
 TEST_F(Tray, TwoDoubleClicksShowForm1TwiceAndSetVisibleAgain) {
@@ -147,7 +147,7 @@ TEST_F(Tray, TwoDoubleClicksShowForm1TwiceAndSetVisibleAgain) {
     EXPECT_TRUE(f.isVisible());
     EXPECT_EQ(f.Tag, QStringLiteral("VISIBLE"));
     // No other effect: no poll, no count.
-    EXPECT_EQ(f.SecondesAttente, 1);
+    EXPECT_EQ(f.Cycle().SecondesAttente, 1);
     ASSERT_TRUE(RoundTrip());  // a connection begun by now would have been accepted
     EXPECT_EQ(server.Connections(), 0);
 }
@@ -187,23 +187,23 @@ TEST_F(Tray, TheFirstTickOfTimer1EndsTheStartAndPollsThePreferredAirport) {
     FrmIcone& tray = StartForm();
     tray.show();
     Form1& f = Form();
-    tray.Timer1.Fire();
-    EXPECT_EQ(tray.Timer1.Interval(), 10000);
+    Named<Timer>(tray, QStringLiteral("Timer1"))->Fire();
+    EXPECT_EQ(Named<Timer>(tray, QStringLiteral("Timer1"))->Interval(), 10000);
     EXPECT_FALSE(tray.isVisible());
-    EXPECT_TRUE(tray.Menu->menuAction()->isVisible());
-    EXPECT_TRUE(f.T.Enabled());
+    EXPECT_TRUE(Named<QMenu>(tray, QStringLiteral("Menu"))->menuAction()->isVisible());
+    EXPECT_TRUE(T(f).Enabled());
     EXPECT_FALSE(f.isVisible());
     EXPECT_EQ(f.Caption(), QStringLiteral("Connection in progress..."));
     ASSERT_TRUE(server.WaitForRequests(1));
     EXPECT_EQ(server.Requests()[0], ExpectedRequest("LFPB"));
-    f.T.SetEnabled(false);
+    T(f).SetEnabled(false);
 }
 
 TEST_F(Tray, WithThreeEntriesAndTheSecondPreferredPollsGoTo11201) {
     FrmIcone& tray = StartForm();
     Form1& f = Form();
-    tray.Timer1.Fire();
-    f.T.SetEnabled(false);  // ticked by the test alone
+    Named<Timer>(tray, QStringLiteral("Timer1"))->Fire();
+    T(f).SetEnabled(false);  // ticked by the test alone
     ASSERT_TRUE(server.WaitForRequests(1));
     for (int poll = 2; poll <= 5; ++poll) {
         Tick(f, 11);
@@ -214,12 +214,12 @@ TEST_F(Tray, WithThreeEntriesAndTheSecondPreferredPollsGoTo11201) {
 
 TEST_F(Tray, LaterTicksPassTheCaptionOnEvenTheDesignCaption) {
     FrmIcone& tray = StartForm();
-    tray.Timer1.Fire();
-    Form().T.SetEnabled(false);
-    tray.Timer1.Fire();
+    Named<Timer>(tray, QStringLiteral("Timer1"))->Fire();
+    T(Form()).SetEnabled(false);
+    Named<Timer>(tray, QStringLiteral("Timer1"))->Fire();
     EXPECT_EQ(tray.TipText(), DesignCaption);
     EXPECT_TRUE(tray.IconeNotif.szTip.startsWith(DesignCaption + QStringLiteral("\r\n ")));
-    EXPECT_EQ(tray.Timer1.Interval(), 10000);
+    EXPECT_EQ(Named<Timer>(tray, QStringLiteral("Timer1"))->Interval(), 10000);
 }
 
 TEST_F(Tray, AReceptionReachesTheTipThroughTheCaption) {
@@ -229,13 +229,13 @@ TEST_F(Tray, AReceptionReachesTheTipThroughTheCaption) {
     };
     FrmIcone& tray = StartForm();
     Form1& f = Form();
-    tray.Timer1.Fire();
-    f.T.SetEnabled(false);
+    Named<Timer>(tray, QStringLiteral("Timer1"))->Fire();
+    T(f).SetEnabled(false);
     ASSERT_TRUE(QTest::qWaitFor([&] { return LogCount(QStringLiteral("New Metaf Recorded ")) == 1; }, 5000));
     // Le Bourget's entry with its three blanks trimmed, then the wind of the report.
     const QString attendu = QStringLiteral("Paris - Le Bourget\r\nWest South West Force 4");
     EXPECT_EQ(tray.Caption(), attendu);
-    tray.Timer1.Fire();
+    Named<Timer>(tray, QStringLiteral("Timer1"))->Fire();
     EXPECT_EQ(tray.TipText(), attendu);
     ASSERT_FALSE(notifications.empty());
     EXPECT_EQ(notifications.back().dwMessage, 1);
@@ -248,7 +248,7 @@ TEST_F(Tray, DailyCurveShowsForm1AndLeavesItsTag) {
     FrmIcone& tray = StartForm();
     Form1& f = Form();
     f.Tag = QStringLiteral("MASQUE");
-    tray.MenuCourbe->trigger();
+    Named<QAction>(tray, QStringLiteral("MenuCourbe"))->trigger();
     EXPECT_TRUE(f.isVisible());
     EXPECT_EQ(f.Tag, QStringLiteral("MASQUE"));
 }
@@ -256,16 +256,16 @@ TEST_F(Tray, DailyCurveShowsForm1AndLeavesItsTag) {
 TEST_F(Tray, MonthlyCurveLoadsTheMonthlyWindowAndShowsItWithoutWaiting) {
     FrmIcone& tray = StartForm();
     EXPECT_FALSE(forms.Loaded<StatistiqueMensuelle>());
-    tray.MenuStatistiqueMensuelle->trigger();  // returns: the window isn't modal
+    Named<QAction>(tray, QStringLiteral("MenuStatistiqueMensuelle"))->trigger();  // returns: the window isn't modal
     ASSERT_TRUE(forms.Loaded<StatistiqueMensuelle>());
     StatistiqueMensuelle& stat = forms.Get<StatistiqueMensuelle>();
     EXPECT_TRUE(stat.isVisible());
     EXPECT_FALSE(stat.isModal());
     EXPECT_EQ(stat.StatPrete, -1);
-    EXPECT_EQ(stat.Mois->ListIndex(), 10);  // the clock's November
+    EXPECT_EQ(Named<ListBox>(stat, QStringLiteral("Mois"))->ListIndex(), 10);  // the clock's November
     EXPECT_TRUE(runTimeEnds.empty());
     // A second click shows the same window.
-    tray.MenuStatistiqueMensuelle->trigger();
+    Named<QAction>(tray, QStringLiteral("MenuStatistiqueMensuelle"))->trigger();
     EXPECT_EQ(&forms.Get<StatistiqueMensuelle>(), &stat);
 }
 
@@ -283,7 +283,7 @@ TEST_F(Tray, WithNoActiveAirportTheStartEndsInTheRunTimeBoxBeforeTheIcon) {
 TEST_F(Tray, MonthlyCurveInAYearOutsideItsListEndsInTheRunTimeBox) {
     FrmIcone& tray = StartForm();
     clock.Set(QDateTime(QDate(2006, 1, 3), QTime(9, 0)));
-    tray.MenuStatistiqueMensuelle->trigger();
+    Named<QAction>(tray, QStringLiteral("MenuStatistiqueMensuelle"))->trigger();
     EXPECT_EQ(runTimeEnds, std::vector<int>{InvalidPropertyValue});
     ASSERT_EQ(boxes.shown.size(), 1u);
     EXPECT_TRUE(boxes.shown[0].startsWith(QStringLiteral("Run-time error '380'")));
@@ -292,10 +292,10 @@ TEST_F(Tray, MonthlyCurveInAYearOutsideItsListEndsInTheRunTimeBox) {
 
 TEST_F(Tray, TheMetafReaderWouldShowTheHandEntryForm) {
     FrmIcone& tray = StartForm();
-    tray.MenuMetaf->trigger();  // disabled: nothing
+    Named<QAction>(tray, QStringLiteral("MenuMetaf"))->trigger();  // disabled: nothing
     EXPECT_FALSE(forms.Loaded<FormMetaf>());
-    tray.MenuMetaf->setEnabled(true);
-    tray.MenuMetaf->trigger();
+    Named<QAction>(tray, QStringLiteral("MenuMetaf"))->setEnabled(true);
+    Named<QAction>(tray, QStringLiteral("MenuMetaf"))->trigger();
     ASSERT_TRUE(forms.Loaded<FormMetaf>());
     EXPECT_TRUE(forms.Widget<FormMetaf>().isVisible());
 }
@@ -304,8 +304,8 @@ TEST_F(Tray, TheMainWindowsRightClickGivesTheTraysMenu) {
     FrmIcone& tray = StartForm();
     bool shown = false;
     QTimer::singleShot(0, &tray, [&] {
-        shown = tray.Menu->isVisible();
-        tray.Menu->close();
+        shown = Named<QMenu>(tray, QStringLiteral("Menu"))->isVisible();
+        Named<QMenu>(tray, QStringLiteral("Menu"))->close();
     });
     Form().Form_MouseDown(vbRightButton, 0, 100, 100);
     EXPECT_TRUE(shown);
@@ -318,7 +318,7 @@ TEST_F(Tray, AMenuItemWhoseHandlerFailsEndsInTheBoxNotInTheMenu) {
     ASSERT_TRUE(QFile::remove(db.Path()));
     bool returned = false;
     EXPECT_NO_THROW({
-        tray.MenuCourbe->trigger();
+        Named<QAction>(tray, QStringLiteral("MenuCourbe"))->trigger();
         returned = true;
     });
     EXPECT_TRUE(returned);
@@ -332,7 +332,7 @@ TEST_F(Tray, AMenuItemWhoseHandlerFailsEndsInTheBoxNotInTheMenu) {
 
 TEST_F(Tray, QuitRemovesTheIconLogsAndEndsTheProcess) {
     FrmIcone& tray = StartForm();
-    tray.Quit->trigger();
+    Named<QAction>(tray, QStringLiteral("Quit"))->trigger();
     EXPECT_EQ(ended, 1);
     // The icon is deleted first, with the record's size, window and number, before the log line.
     ASSERT_EQ(notifications.size(), 1u);
@@ -382,17 +382,17 @@ TEST_F(Tray, QuitGoesOnPastAStatementThatFails) {
 TEST_F(Tray, ClosingForm1LeavesTheIconAndThePollsGoingOn) {
     FrmIcone& tray = StartForm();
     Form1& f = Form();
-    tray.Timer1.Fire();  // the start ends: T runs, the first poll goes out
+    Named<Timer>(tray, QStringLiteral("Timer1"))->Fire();  // the start ends: T runs, the first poll goes out
     ASSERT_TRUE(server.WaitForRequests(1));
     // A short interval stands for T's second, so that the next poll comes within the test.
-    f.T.SetInterval(10);
-    tray.MenuCourbe->trigger();
+    T(f).SetInterval(10);
+    Named<QAction>(tray, QStringLiteral("MenuCourbe"))->trigger();
     ASSERT_TRUE(f.isVisible());
     EXPECT_FALSE(f.close());
     EXPECT_TRUE(f.isHidden());
     EXPECT_EQ(f.Tag, QStringLiteral("MASQUE"));
     EXPECT_TRUE(server.WaitForRequests(2));
-    f.T.SetEnabled(false);
+    T(f).SetEnabled(false);
     EXPECT_TRUE(forms.Loaded<Form1>());
     EXPECT_TRUE(forms.Loaded<FrmIcone>());
     EXPECT_EQ(ended, 0);

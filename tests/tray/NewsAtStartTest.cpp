@@ -22,10 +22,11 @@ TEST_F(NewsAtStart, TheFirstTickOfTheStartShowsTheNewsOnceAndLaterPollsFetchNoth
     services.newsServer = {QStringLiteral("127.0.0.1"), quint16(news.Port())};
     FrmIcone& tray = StartForm();
     EXPECT_FALSE(forms.Loaded<Promo>());
-    tray.Timer1.Fire();
+    Named<Timer>(tray, QStringLiteral("Timer1"))->Fire();
     ASSERT_TRUE(forms.Loaded<Promo>());
     EXPECT_TRUE(forms.Widget<Promo>().isVisible());
-    EXPECT_EQ(forms.Get<Promo>().Label1->Caption(), QStringLiteral("Skelda 0.32 is out"));
+    EXPECT_EQ(Named<Label>(forms.Get<Promo>(), QStringLiteral("Label1"))->Caption(),
+              QStringLiteral("Skelda 0.32 is out"));
     EXPECT_EQ(news.Requests().size(), 1u);
     // The first poll went out all the same, for the preferred airport.
     ASSERT_TRUE(server.WaitForRequests(1));
@@ -39,11 +40,11 @@ TEST_F(NewsAtStart, TheFirstTickOfTheStartShowsTheNewsOnceAndLaterPollsFetchNoth
 
 TEST_F(NewsAtStart, WithoutANewsServerTheStartGoesOnSilently) {
     FrmIcone& tray = StartForm();
-    tray.Timer1.Fire();
+    Named<Timer>(tray, QStringLiteral("Timer1"))->Fire();
     EXPECT_FALSE(forms.Loaded<Promo>());
     EXPECT_TRUE(forms.module1().NouvellesVues.IsEmpty());
     EXPECT_TRUE(boxes.shown.empty());
     EXPECT_TRUE(runTimeEnds.empty());
-    EXPECT_TRUE(Form().T.Enabled());
+    EXPECT_TRUE(T(Form()).Enabled());
     ASSERT_TRUE(server.WaitForRequests(1));
 }

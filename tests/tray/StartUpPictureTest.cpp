@@ -22,7 +22,7 @@ TEST_F(StartUpPictureTest, IsTheStartFormsStartUpScreen) {
     EXPECT_EQ(picture.geometry(), tray.geometry());
     const auto* box = picture.findChild<QLabel*>(QStringLiteral("Picture1"));
     ASSERT_NE(box, nullptr);
-    EXPECT_EQ(box->geometry(), tray.Picture1->geometry());
+    EXPECT_EQ(box->geometry(), Named<QLabel>(tray, QStringLiteral("Picture1"))->geometry());
     EXPECT_EQ(box->pixmap().size(), QSize(324, 537));
 }
 

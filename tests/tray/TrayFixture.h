@@ -11,6 +11,7 @@
 #include "AeroportsConfig.h"
 #include "FormMetaf.h"
 #include "FrmIcone.h"
+#include "NotifyIcon.h"
 #include "ProvideForms.h"
 #include "StatistiqueMensuelle.h"
 #include "acquisition/PollFixture.h"
@@ -28,19 +29,22 @@ protected:
         const bool first = !forms.Loaded<FrmIcone>();
         FrmIcone& tray = forms.Get<FrmIcone>();
         if (first) {
-            timer1AtLoad = {tray.Timer1.Enabled(), tray.Timer1.Interval()};
-            tray.Timer1.SetEnabled(false);
-            tray.TerminerProcessus = [this] { ++ended; };
+            timer1AtLoad = {Named<Timer>(tray, QStringLiteral("Timer1"))->Enabled(),
+                            Named<Timer>(tray, QStringLiteral("Timer1"))->Interval()};
+            Named<Timer>(tray, QStringLiteral("Timer1"))->SetEnabled(false);
             // Each later call to the notification area is noted with the record as it stood,
             // then made.
-            std::function<void(int)> zone = tray.Shell_NotifyIconA;
-            tray.Shell_NotifyIconA = [this, &tray, zone](int dwMessage) {
-                notifications.push_back({dwMessage, tray.IconeNotif, LogCount(QStringLiteral("Skelda Terminated"))});
+            notificationArea.watch = [this](int dwMessage, const NotifyIconData& record) {
+                notifications.push_back({dwMessage, record, LogCount(QStringLiteral("Skelda Terminated"))});
                 if (failingNotification == dwMessage) throw RuntimeError(failingNotificationError);
-                zone(dwMessage);
             };
         }
         return tray;
+    }
+
+    // The desktop's notification icon of the start form, or none.
+    static NotifyIcon* Icone(FrmIcone& tray) {
+        return tray.findChild<NotifyIcon*>(QStringLiteral("IconeNotif"), Qt::FindDirectChildrenOnly);
     }
 
     // A message of the notification icon, as the platform delivers it: in X, in twips.
@@ -51,7 +55,8 @@ protected:
         int interval = 0;
     };
     TimerState timer1AtLoad;
-    int ended = 0;
+    // The ends of the process, which the tests' end only counts.
+    int& ended = processEnd.ends;
 
     // A call to the notification area: the message (0 add, 1 modify, 2 delete), the record, and
     // how many "Skelda Terminated" lines the log held then.
