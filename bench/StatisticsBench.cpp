@@ -88,7 +88,7 @@ void BM_AfficherMoisOnRecording(benchmark::State& state) {
         station.Select(n++);
         recording.Clear();
         form.AfficherMois();
-        if (recording.Boxes().size() < 2 * 28) state.SkipWithError("the month isn't whole");
+        if (recording.Boxes().size() < std::size_t{2} * 28) state.SkipWithError("the month isn't whole");
     }
     form.DrawOn(*test::Named<PlotPicture>(form, QStringLiteral("Picture1")));
 }

@@ -251,8 +251,8 @@ QString StoredDateText(double serial, ColumnKind kind) {
         seconds -= 86400;
     }
     const QDate day = kEpoch.addDays(qint64(days));
-    const QString dayText = QString::asprintf("%04d-%02d-%02d", day.year(), day.month(), day.day());
-    const QString timeText =
+    QString dayText = QString::asprintf("%04d-%02d-%02d", day.year(), day.month(), day.day());
+    QString timeText =
         QString::asprintf("%02d:%02d:%02d", int(seconds / 3600), int(seconds / 60 % 60), int(seconds % 60));
     if (kind == ColumnKind::Date && seconds == 0) return dayText;
     if (kind == ColumnKind::Time && days == 0) return timeText;

@@ -460,7 +460,7 @@ private:
         if (Take(u'[')) {
             const qsizetype close = text_.indexOf(u']', at_);
             if (close <= at_) CriterionError();
-            const QString name = text_.sliced(at_, close - at_).toString();
+            QString name = text_.sliced(at_, close - at_).toString();
             at_ = close + 1;
             return name;
         }

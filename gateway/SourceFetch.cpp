@@ -8,7 +8,7 @@ namespace skelda {
 
 namespace {
 
-constexpr qsizetype LargestReply = 8 * 1024 * 1024;
+constexpr qsizetype LargestReply = qsizetype{8} * 1024 * 1024;
 
 size_t Collect(char* data, size_t size, size_t count, void* target) {
     auto* body = static_cast<QByteArray*>(target);

@@ -42,7 +42,7 @@ std::optional<QList<SourceStep>> ReadSourceReply(const QByteArray& reply) {
     if (!series.isArray()) return std::nullopt;
 
     QList<SourceStep> steps;
-    for (const QJsonValue& entry : series.toArray()) {
+    for (const QJsonValue entry : series.toArray()) {
         const QJsonObject object = entry.toObject();
         SourceStep step;
         step.time = QDateTime::fromString(object.value(QLatin1StringView("time")).toString(), Qt::ISODate);

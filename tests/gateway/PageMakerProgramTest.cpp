@@ -106,7 +106,7 @@ const QByteArray MinuteHead = "Status: 200 OK\nContent-Type: text/html\nX-Accel-
 }  // namespace
 
 TEST_F(PageMakerProgram, AStationCodeAsksTheSourceForItsPlaceAndGivesSixBlocksKeptAnHour) {
-    source->body = ReponseReguliere(QDateTime::currentDateTimeUtc().addSecs(-2 * 3600));
+    source->body = ReponseReguliere(QDateTime::currentDateTimeUtc().addSecs(qint64{-2} * 3600));
     const Sortie run = RunProgram(QStringLiteral("LFPG"), &socketPath);
     EXPECT_EQ(run.exitCode, 0);
     EXPECT_EQ(Head(run), ForecastHead);

@@ -47,7 +47,7 @@ struct Tirage {
     // A reply, sometimes with a value left out or cut short, as a broken source might send it.
     QByteArray UneReponse(const QDateTime& now) {
         const QDateTime heure(now.date(), QTime(now.time().hour(), 0), Qt::UTC);
-        const QDateTime debut = heure.addSecs(-3600 * Entier(0, 2));
+        const QDateTime debut = heure.addSecs(qint64{-3600} * Entier(0, 2));
         QByteArray reply = ReponseFaite(debut, Entier(0, 90), [this](const QDateTime&) { return UnPas(); });
         const int sort = Entier(0, 19);
         if (sort == 0) {

@@ -24,7 +24,7 @@ QDate MarchDay(int day) { return QDate(2004, 3, day); }
 // The recording page's geometry, from its fixed metrics at its default 10 points: "99 Nds " is 7
 // characters of 125 and a line is 250, on an A4 sheet with a quarter inch of margin.
 constexpr double Marge = 875 + 50;
-constexpr double Bas = 250 + 16838 / 2;
+constexpr double Bas = 250 + 16838 / 2.0;
 constexpr double Hauteur = Bas - 50 - 250;
 constexpr double Largeur = (11906 - 720) - 100 - 875;
 
@@ -117,7 +117,7 @@ TEST_F(MonthReport, AnEmptyMonthPrintsTheGridLabelsReferencesAndHeadingInTheDefa
     EXPECT_EQ(labels, (QStringList{"50 nds", "38 nds", "25 nds", "12 nds", "0 nds"}));
     EXPECT_DOUBLE_EQ(PrintOf(QStringLiteral("50 nds"))->x1, Marge - 7 * 125);
     // The heading, in the page's default 10 points, centred on the sheet.
-    const QString heading = texts.back();
+    const QString& heading = texts.back();
     EXPECT_TRUE(heading.startsWith(QStringLiteral("Relevé Météo March 2004 : ") +
                                    Named<ListBox>(f, QStringLiteral("Aeroports"))->Text() +
                                    QString(12, QLatin1Char(' '))));

@@ -68,7 +68,7 @@ SeedAirport Airport(const QString& ida, const QString& ville, const QString& aer
 }
 
 QString CreateTestDatabase(const QString& folder, const QList<SeedAirport>& airports) {
-    const QString path = folder + QStringLiteral("/database.mdb");
+    QString path = folder + QStringLiteral("/database.mdb");
     QString error;
     if (!CreateDatabase(path, DatabaseSchema(), airports, &error)) {
         ADD_FAILURE() << "can't make a test database: " << error.toStdString();
