@@ -212,8 +212,8 @@ double Median(std::vector<double> values) {
 // Times the starts that Arguments ask for, one an iteration (Prepare, when given, runs first and
 // untimed, and gives the arguments); records their median as Name, and reports it with its
 // ratios to the medians named in Against.
-void TimeStarts(benchmark::State& state, const std::string& name, std::function<std::vector<QByteArray>()> prepare,
-                const std::vector<std::string>& against = {}) {
+void TimeStarts(benchmark::State& state, const std::string& name,
+                const std::function<std::vector<QByteArray>()>& prepare, const std::vector<std::string>& against = {}) {
     std::vector<double> times;
     for (auto _ : state) {
         state.PauseTiming();

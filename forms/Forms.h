@@ -36,12 +36,10 @@ namespace skelda {
 // `static constexpr std::string_view Library`, and only that library, or the wiring, names it.
 template <class F>
 constexpr bool Reachable() {
-    if constexpr (!std::is_base_of_v<QObject, F>)
-        return true;
-    else if constexpr (std::string_view(SKELDA_LIBRARY).empty())
-        return true;
-    else
+    if constexpr (std::is_base_of_v<QObject, F> && !std::string_view(SKELDA_LIBRARY).empty())
         return F::Library == std::string_view(SKELDA_LIBRARY);
+    else
+        return true;
 }
 
 class Forms {

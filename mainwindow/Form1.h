@@ -84,11 +84,11 @@ public:
     // Refills ChoixDate with the days that have observations, oldest first, and leaves the index
     // of the newest in its Tag ("0" with none); an empty table gives today's date alone.
     // Database failures reach the caller.
-    void RemplirDates();
+    void RemplirDates() override;
     // Redraws the day chart of the airport selected in List1 on the day of ChoixDate, from the
     // database, with the day's bulletin and the airport's picture. Does nothing until Form_Load
     // has filled both lists. No handling: a failure stops the drawing where it stands.
-    void TracerCourbe();
+    void TracerCourbe() override;
     // Shows the picture of airport Idx (its idx as text) from Images/ under the current folder,
     // or the common picture with a log line. A missing common picture or an unreadable bitmap
     // reaches the caller.

@@ -19,7 +19,7 @@ bool IsDigit(QChar c) { return c >= u'0' && c <= u'9'; }
 
 // Where the parts of a number stand in its text. The scan is done by hand: the common case (a
 // few plain digits) must stay cheap, since the decoder converts several groups of every report.
-struct NumberText {
+struct NumberParts {
     bool negative = false;
     QStringView whole;     // the digits before the "." (maybe none)
     QStringView fraction;  // the digits after it (maybe none)
@@ -30,7 +30,7 @@ struct NumberText {
 // would only risk overflowing the int.
 constexpr int kExponentLimit = 100000;
 
-bool Scan(QStringView text, NumberText& number) {
+bool Scan(QStringView text, NumberParts& number) {
     qsizetype i = 0;
     const qsizetype n = text.size();
     auto digitsFrom = [&](qsizetype from) {
@@ -66,7 +66,7 @@ bool Scan(QStringView text, NumberText& number) {
 
 // The power of ten of the leading digit's place plus one: 0 for 0.5, 3 for 123. Only asked of a
 // number too large or too small for a double, to tell the two apart.
-qsizetype Magnitude(const NumberText& number) {
+qsizetype Magnitude(const NumberParts& number) {
     qsizetype place = number.whole.size();
     for (QStringView digits : {number.whole, number.fraction}) {
         for (QChar c : digits) {
@@ -80,7 +80,7 @@ qsizetype Magnitude(const NumberText& number) {
 // The double nearest to the number, as the C++ library rounds it (correctly, whatever the
 // locale); Overflow beyond the largest double. A number too small for the smallest one gives a
 // zero of its sign.
-Fallible<double> ValueOf(const NumberText& number) {
+Fallible<double> ValueOf(const NumberParts& number) {
     // Up to 15 plain digits are exact in a double: no rounding to do.
     if (number.fraction.isEmpty() && number.exponent == 0 && number.whole.size() <= 15) {
         double v = 0;
@@ -135,7 +135,7 @@ bool SmallDigits(QStringView text, int& out) {
 double RoundHalfEven(double value) { return std::nearbyint(value); }
 
 Fallible<double> CDblOf(QStringView text) {
-    NumberText number;
+    NumberParts number;
     if (!Scan(text, number)) return Fallible<double>::Failed(TypeMismatch);
     return ValueOf(number);
 }
@@ -143,7 +143,7 @@ Fallible<double> CDblOf(QStringView text) {
 double CDbl(QStringView text) { return CDblOf(text).Value(); }
 
 bool IsNumeric(QStringView text) {
-    NumberText number;
+    NumberParts number;
     return Scan(text, number);
 }
 

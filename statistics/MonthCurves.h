@@ -15,6 +15,9 @@
 
 namespace skelda {
 
+// The light grey of the grid behind the curves.
+inline constexpr Color GridGrey = RGB(224, 224, 224);
+
 // Runs each statement as it is: a failure leaves the routine at once.
 struct RunDirectly {
     template <class F>

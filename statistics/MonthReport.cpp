@@ -19,7 +19,6 @@ namespace skelda {
 
 namespace {
 
-constexpr Color GridGrey = RGB(224, 224, 224);
 constexpr Color Black = RGB(0, 0, 0);
 // The widest scale label, as the measure of the room left of the plot.
 const QString Mesure = QStringLiteral("99 Nds ");

@@ -21,8 +21,6 @@ namespace skelda {
 
 namespace {
 
-constexpr Color GridGrey = RGB(224, 224, 224);
-
 // A number rounded to the nearest whole one, halves to even, as text; a Null gives no text.
 QString Rounded(const Variant& value) {
     if (value.IsNull()) return {};

@@ -19,12 +19,6 @@ constexpr double TwipsPerPoint = 20;
 // DrawWidth counts the dots of an ordinary laser printer, so a line is as thick on any driver.
 constexpr double DrawWidthDotsPerInch = 600;
 
-QStringList LinesOf(const QString& text) {
-    QString unified = text;
-    unified.replace(QLatin1String("\r\n"), QLatin1String("\n")).replace(QLatin1Char('\r'), QLatin1Char('\n'));
-    return unified.split(QLatin1Char('\n'));
-}
-
 QFont DefaultPrinterFont() {
     QFont f = QGuiApplication::font();
     f.setPointSizeF(10);

@@ -47,6 +47,12 @@ QPen EdgePen(Color color, double width) {
     return pen;
 }
 
+QStringList LinesOf(const QString& text) {
+    QString unified = text;
+    unified.replace(QLatin1String("\r\n"), QLatin1String("\n")).replace(QLatin1Char('\r'), QLatin1Char('\n'));
+    return unified.split(QLatin1Char('\n'));
+}
+
 QBrush FillBrush(int fillStyle, Color fillColor) {
     static constexpr Qt::BrushStyle styles[] = {Qt::SolidPattern, Qt::NoBrush,         Qt::HorPattern,
                                                 Qt::VerPattern,   Qt::BDiagPattern,    Qt::FDiagPattern,

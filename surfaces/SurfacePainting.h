@@ -5,6 +5,7 @@
 #include <QBrush>
 #include <QColor>
 #include <QPen>
+#include <QStringList>
 
 #include "Surface.h"
 
@@ -16,6 +17,9 @@ inline constexpr Color vbWindowBackground = Color(0x80000005u);
 inline constexpr Color vbWindowText = Color(0x80000008u);
 inline constexpr Color vbButtonFace = Color(0x8000000Fu);
 inline constexpr Color vbButtonText = Color(0x80000012u);
+
+// The lines of a text to print, split at CR LF, at a lone CR and at a lone LF.
+QStringList LinesOf(const QString& text);
 
 // The Qt colour of a Skelda colour. A system colour is taken from the application's palette; an
 // unknown system colour is black.

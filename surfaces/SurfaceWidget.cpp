@@ -17,12 +17,6 @@ namespace {
 // text size in pixels everywhere.
 constexpr int DotsPerMeter96 = 3780;
 
-QStringList LinesOf(const QString& text) {
-    QString unified = text;
-    unified.replace(QLatin1String("\r\n"), QLatin1String("\n")).replace(QLatin1Char('\r'), QLatin1Char('\n'));
-    return unified.split(QLatin1Char('\n'));
-}
-
 void CheckPositive(double value) {
     if (!(value > 0)) throw RuntimeError(InvalidPropertyValue);
 }

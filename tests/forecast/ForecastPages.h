@@ -7,9 +7,16 @@
 #include <QString>
 #include <QStringList>
 
+#include <stdexcept>
+
 namespace skelda::test {
 
 using Blocs = QList<QPair<QString, QString>>;  // heading (with its colon), text
+
+// What a test's watcher of the reader's tag loop throws to end a loop that would never end.
+struct BoucleSansFin : std::runtime_error {
+    BoucleSansFin() : std::runtime_error("the tag loop went on") {}
+};
 
 // The six blocks of a usual page.
 inline Blocs SixBlocs() {

@@ -29,10 +29,6 @@ struct Enregistrement : AffichagePrevision {
     QList<int> ordre;
 };
 
-struct BoucleSansFin : std::runtime_error {
-    BoucleSansFin() : std::runtime_error("the tag loop went on") {}
-};
-
 // A watcher that ends the tag loop after Limite passes.
 PasseDeBoucle ArretApres(int limite, int& passes) {
     return [limite, &passes] {

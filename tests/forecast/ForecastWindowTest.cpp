@@ -21,10 +21,6 @@ void ExpectGreyBack(const QWidget* w) {
     EXPECT_EQ(w->palette().color(QPalette::Window), QColor(224, 224, 224)) << w->objectName().toStdString();
 }
 
-struct BoucleSansFin : std::runtime_error {
-    BoucleSansFin() : std::runtime_error("the tag loop went on") {}
-};
-
 }  // namespace
 
 class Forecast : public ForecastFixture {};

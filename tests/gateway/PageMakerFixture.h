@@ -20,6 +20,7 @@
 #include "PageMaker.h"
 #include "Places.h"
 #include "Printing.h"
+#include "forecast/ForecastPages.h"
 
 namespace skelda::test {
 
@@ -31,10 +32,6 @@ struct Lu {
     bool sansFin = false;  // the tag loop passed its limit
     QStringList titres;
     QStringList textes;
-};
-
-struct BoucleSansFin : std::runtime_error {
-    BoucleSansFin() : std::runtime_error("the tag loop went on") {}
 };
 
 // A page of six blocks takes a few dozen passes; ten thousand is a loop that doesn't end.

@@ -19,8 +19,6 @@ using namespace skelda::test;
 
 namespace {
 
-QDate MarchDay(int day) { return QDate(2004, 3, day); }
-
 // The recording page's geometry, from its fixed metrics at its default 10 points: "99 Nds " is 7
 // characters of 125 and a line is 250, on an A4 sheet with a quarter inch of margin.
 constexpr double Marge = 875 + 50;
@@ -28,7 +26,8 @@ constexpr double Bas = 250 + 16838 / 2.0;
 constexpr double Hauteur = Bas - 50 - 250;
 constexpr double Largeur = (11906 - 720) - 100 - 875;
 
-double Centre(int day) { return ((Marge + (day - 1) / 31.0 * Largeur) + (Marge + day / 31.0 * Largeur)) / 2; }
+// The middle of a day's column on the page.
+double PageCentre(int day) { return ((Marge + (day - 1) / 31.0 * Largeur) + (Marge + day / 31.0 * Largeur)) / 2; }
 
 class MonthReport : public Statistics {
 protected:
@@ -182,8 +181,8 @@ TEST_F(MonthReport, ARowPrintsItsBarsPeakTimeCurvesAndArrow) {
     // The mean temperature's segment in the colour of the outer curves, its dots in their own.
     const auto segments = LinesIn(RGB(192, 192, 255));
     ASSERT_EQ(segments.size(), 3u);
-    EXPECT_DOUBLE_EQ(segments[2].x1, Centre(5));
-    EXPECT_DOUBLE_EQ(segments[2].x2, Centre(6));
+    EXPECT_DOUBLE_EQ(segments[2].x1, PageCentre(5));
+    EXPECT_DOUBLE_EQ(segments[2].x2, PageCentre(6));
     EXPECT_TRUE(LinesIn(RGB(192, 0, 192)).empty());
     const auto circles = page->Circles();
     EXPECT_EQ(
@@ -194,7 +193,7 @@ TEST_F(MonthReport, ARowPrintsItsBarsPeakTimeCurvesAndArrow) {
     ASSERT_EQ(arrows.size(), 2u);
     EXPECT_NEAR(std::hypot(arrows[0].x2 - arrows[0].x1, arrows[0].y2 - arrows[0].y1), 180, 1e-6);
     EXPECT_NEAR((arrows[0].y1 + arrows[0].y2) / 2, Bas + 300, 1e-9);
-    EXPECT_NEAR((arrows[1].x1 + arrows[1].x2) / 2, Centre(6), 1e-9);
+    EXPECT_NEAR((arrows[1].x1 + arrows[1].x2) / 2, PageCentre(6), 1e-9);
     // The heading after the last wind block, at its 8 points.
     EXPECT_EQ(PrintOf(page->Texts().back())->fontSize, 8);
 }
@@ -237,8 +236,8 @@ TEST_F(MonthReport, ANullMeanPressureIsLeftOutAndTheCurveRunsAcrossIt) {
     ASSERT_EQ(page->Count(DrawOp::EndDoc), 1);
     const auto mean = LinesIn(RGB(128, 128, 0));
     ASSERT_EQ(mean.size(), 2u);  // the 1015 reference, then one segment
-    EXPECT_DOUBLE_EQ(mean[1].x1, Centre(1));
-    EXPECT_DOUBLE_EQ(mean[1].x2, Centre(3));
+    EXPECT_DOUBLE_EQ(mean[1].x1, PageCentre(1));
+    EXPECT_DOUBLE_EQ(mean[1].x2, PageCentre(3));
     EXPECT_DOUBLE_EQ(mean[1].y2, Bas - (60 / 80.0) * Hauteur);
 }
 
@@ -259,17 +258,7 @@ TEST_F(MonthReport, ANullMaximumEndsTheWholeJobWhenTheWindIsChecked) {
 
 TEST_F(MonthReport, ADayWhosePeakIsAVariableWindEndsTheWholeJobAtItsArrow) {
     Observe(LeBourget, MarchDay(3), QTime(10, 0), 10);
-    TestObservation variable;
-    variable.numAeroport = LeBourget;
-    variable.day = MarchDay(4);
-    variable.time = QTime(9, 0);
-    variable.forcenoeuds = -20;
-    variable.variable = true;
-    variable.orientation = QString();
-    variable.temperature = 12;
-    variable.pression = 1015;
-    variable.metaf = QStringLiteral("LFPB 040900Z VRB20KT CAVOK 12/08 Q1015");
-    db.AddObservation(variable);
+    ObserveVariable20Knots(LeBourget, MarchDay(4), QTime(9, 0));
     StatistiqueMensuelle& f = FormPrintingOnRecording();
     Print(f);
     // The arrow of day 4 can't take a Null direction: nothing of the job reaches the paper.

@@ -20,8 +20,6 @@ namespace {
 const QDate March(2004, 3, 1);
 constexpr Color GridGrey = RGB(224, 224, 224);
 
-QDate MarchDay(int day) { return QDate(2004, 3, day); }
-
 // The middle of a day's column on the screen.
 double Centre(int day) { return 127.5 + 240 * (day - 1); }
 
@@ -181,17 +179,7 @@ TEST_F(MonthView, ANullDirectionKeepsThePreviousTextAndDrawsNoArrow) {
 TEST_F(MonthView, ADayWhosePeakIsAVariableWindKeepsThePreviousTextAndDrawsNoArrow) {
     Observe(LeBourget, MarchDay(3), QTime(10, 0), 10);
     // Day 4 peaks at 20 knots variable, which has no direction; its steady wind came later.
-    TestObservation variable;
-    variable.numAeroport = LeBourget;
-    variable.day = MarchDay(4);
-    variable.time = QTime(9, 0);
-    variable.forcenoeuds = -20;
-    variable.variable = true;
-    variable.orientation = QString();
-    variable.temperature = 12;
-    variable.pression = 1015;
-    variable.metaf = QStringLiteral("LFPB 040900Z VRB20KT CAVOK 12/08 Q1015");
-    db.AddObservation(variable);
+    ObserveVariable20Knots(LeBourget, MarchDay(4), QTime(9, 0));
     Observe(LeBourget, MarchDay(4), QTime(10, 0), 5, QStringLiteral("120"));
     StatistiqueMensuelle& f = FormOnRecording();
     Show(f, LineLeBourget, 3);

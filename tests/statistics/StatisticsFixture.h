@@ -24,6 +24,9 @@ inline constexpr int Heathrow = 2;
 inline constexpr int LineLeBourget = 1;  // its line in Aeroports
 inline constexpr int LineHeathrow = 0;
 
+// A day of March 2004, the month the tests show.
+inline QDate MarchDay(int day) { return QDate(2004, 3, day); }
+
 // Thrown by a loop observer to leave a loop that never ends by itself.
 struct LoopWatched {};
 
@@ -68,6 +71,23 @@ protected:
         row.pression = pressure;
         row.metaf = QStringLiteral("METAF %1 %2").arg(day.toString(Qt::ISODate), time.toString());
         db.AddObservation(row);
+    }
+
+    // Adds a variable wind of 20 knots, stored as the decoder stores it: a negated speed and no
+    // direction.
+    void ObserveVariable20Knots(int airport, QDate day, QTime time) {
+        TestObservation variable;
+        variable.numAeroport = airport;
+        variable.day = day;
+        variable.time = time;
+        variable.forcenoeuds = -20;
+        variable.variable = true;
+        variable.orientation = QString();
+        variable.temperature = 12;
+        variable.pression = 1015;
+        variable.metaf = QStringLiteral("LFPB %1Z VRB20KT CAVOK 12/08 Q1015")
+                             .arg(day.toString(QStringLiteral("dd")) + time.toString(QStringLiteral("HHmm")));
+        db.AddObservation(variable);
     }
 
     // Lets a closed window go, as the event loop would.

@@ -1,19 +1,11 @@
 #include "RecordingSurface.h"
 
-#include <QRegularExpression>
 #include <algorithm>
 
 #include "Failure.h"
 #include "SurfacePainting.h"
 
 namespace skelda {
-
-namespace {
-QStringList LinesOf(const QString& text) {
-    static const QRegularExpression breaks(QStringLiteral("\r\n|\r|\n"));
-    return text.split(breaks);
-}
-}  // namespace
 
 const char* NameOf(DrawOp op) {
     switch (op) {

@@ -242,7 +242,12 @@ TEST_F(SurfaceWidgetTest, AStrokeStaysClippedToTheDrawingAsItWasWhenTheWidgetGro
 }
 
 TEST_F(SurfaceWidgetTest, ALongRunOfStrokesNeverClearedOrLookedAtShowsWhole) {
-    for (int i = 0; i < 10000; ++i) surface.Line(15 * (i % 200), 15 * (i / 200), 15 * (i % 200), 15 * (i / 200), Red);
+    // 50 rows of 200 dots, one stroke each.
+    for (int i = 0; i < 10000; ++i) {
+        const int column = i % 200;
+        const int row = i / 200;
+        surface.Line(15 * column, 15 * row, 15 * column, 15 * row, Red);
+    }
     EXPECT_EQ(At(0, 0), Red);
     EXPECT_EQ(At(199, 49), Red);
     EXPECT_EQ(At(100, 25), Red);
