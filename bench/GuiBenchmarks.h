@@ -27,6 +27,17 @@ private:
     static inline std::unique_ptr<T> instance_;
 };
 
+// Runs Step once an iteration, after selecting the station's case N for the N-th iteration, so
+// that each iteration draws another airport, day or month.
+template <class Station, class Step>
+void OverSelections(benchmark::State& state, Station& station, Step step) {
+    int n = 0;
+    for (auto _ : state) {
+        station.Select(n++);
+        step();
+    }
+}
+
 // The main of such a benchmark: a QApplication (drawn off the screen when there is no display),
 // the benchmarks, then the caller's clean-up while the application still stands.
 template <class CleanUp>

@@ -82,13 +82,11 @@ void BM_TracerCourbeOnRecording(benchmark::State& state) {
     Form1& form = station.form();
     RecordingSurface recording;
     form.DrawOn(recording);
-    int n = 0;
-    for (auto _ : state) {
-        station.Select(n++);
+    bench::OverSelections(state, station, [&] {
         recording.Clear();
         form.TracerCourbe();
         if (recording.Boxes().size() != kPerDay) state.SkipWithError("the day isn't whole");
-    }
+    });
     form.DrawOn(form);
 }
 
@@ -96,11 +94,7 @@ void BM_TracerCourbeOnTheForm(benchmark::State& state) {
     Station& station = Station::Instance();
     Form1& form = station.form();
     form.DrawOn(form);
-    int n = 0;
-    for (auto _ : state) {
-        station.Select(n++);
-        form.TracerCourbe();
-    }
+    bench::OverSelections(state, station, [&] { form.TracerCourbe(); });
 }
 
 // The same, followed by the window's repaint: the drawing, the grid above it and every control.
@@ -109,12 +103,10 @@ void BM_TracerCourbeOnTheFormShown(benchmark::State& state) {
     Form1& form = station.form();
     form.DrawOn(form);
     form.show();
-    int n = 0;
-    for (auto _ : state) {
-        station.Select(n++);
+    bench::OverSelections(state, station, [&] {
         form.TracerCourbe();
         form.repaint();
-    }
+    });
     form.hide();
 }
 

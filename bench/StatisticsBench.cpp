@@ -83,36 +83,28 @@ void BM_AfficherMoisOnRecording(benchmark::State& state) {
     StatistiqueMensuelle& form = station.form();
     RecordingSurface recording;
     form.DrawOn(recording);
-    int n = 0;
-    for (auto _ : state) {
-        station.Select(n++);
+    bench::OverSelections(state, station, [&] {
         recording.Clear();
         form.AfficherMois();
         if (recording.Boxes().size() < std::size_t{2} * 28) state.SkipWithError("the month isn't whole");
-    }
+    });
     form.DrawOn(*test::Named<PlotPicture>(form, QStringLiteral("Picture1")));
 }
 
 void BM_AfficherMoisOnPicture1(benchmark::State& state) {
     Station& station = Station::Instance();
     StatistiqueMensuelle& form = station.form();
-    int n = 0;
-    for (auto _ : state) {
-        station.Select(n++);
-        form.AfficherMois();
-    }
+    bench::OverSelections(state, station, [&] { form.AfficherMois(); });
 }
 
 void BM_AfficherMoisOnPicture1Shown(benchmark::State& state) {
     Station& station = Station::Instance();
     StatistiqueMensuelle& form = station.form();
     form.show();
-    int n = 0;
-    for (auto _ : state) {
-        station.Select(n++);
+    bench::OverSelections(state, station, [&] {
         form.AfficherMois();
         form.repaint();
-    }
+    });
     form.hide();
 }
 
@@ -124,12 +116,10 @@ void BM_ReportOnRecording(benchmark::State& state) {
         page->Clear();
         return page;
     };
-    int n = 0;
-    for (auto _ : state) {
-        station.Select(n++);
+    bench::OverSelections(state, station, [&] {
         form.MenuStatImprimer_Click();
         if (page->Count(DrawOp::EndDoc) != 1 || station.Failed()) state.SkipWithError("the report failed");
-    }
+    });
 }
 
 void BM_ReportToPdf(benchmark::State& state) {
@@ -137,12 +127,10 @@ void BM_ReportToPdf(benchmark::State& state) {
     StatistiqueMensuelle& form = station.form();
     const QString pdf = station.Folder() + QStringLiteral("/report.pdf");
     station.printer().pages = [pdf] { return std::make_shared<PrinterSurface>(pdf); };
-    int n = 0;
-    for (auto _ : state) {
-        station.Select(n++);
+    bench::OverSelections(state, station, [&] {
         form.MenuStatImprimer_Click();
         if (station.Failed()) state.SkipWithError("the report failed");
-    }
+    });
 }
 
 }  // namespace

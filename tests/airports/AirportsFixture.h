@@ -96,6 +96,16 @@ protected:
         return QTest::qWaitFor([&] { return form.isNull(); }, 2000);
     }
 
+    // The main window polls Le Bourget and Roissy, in this order: its list and the codes it asks.
+    void ExpectBourgetAndRoissyPolled() {
+        ListBox* list = Named<ListBox>(Form(), QStringLiteral("List1"));
+        ASSERT_EQ(list->ListCount(), 2);
+        EXPECT_EQ(list->List(0), QStringLiteral("   Paris - Le Bourget"));
+        EXPECT_EQ(list->List(1), QStringLiteral("   Roissy - Charles de Gaulle"));
+        EXPECT_EQ(forms.module1().TableIDA[0].ToText(), QStringLiteral("LFPB"));
+        EXPECT_EQ(forms.module1().TableIDA[1].ToText(), QStringLiteral("LFPG"));
+    }
+
     // A column of an airport, straight from the file.
     QVariant Column(int idx, const QString& column) const {
         return db.Value(QStringLiteral("SELECT \"%1\" FROM \"Aéroports\" WHERE idx = %2").arg(column).arg(idx));
