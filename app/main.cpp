@@ -1,26 +1,21 @@
 // Skelda: a desktop weather station for airports that lives in the notification area.
 //
-// main builds the production services and the forms' meeting place, loads the start form (which
-// loads the main window first), shows it as the start-up screen and runs the event loop. The run
+// main builds the production services and runs Skelda's start (Start.h): the database brought up
+// to date, the forms' meeting place, the start form (which loads the main window first) shown as
+// the start-up screen, and the event loop. The run
 // ends only through the tray menu's Quit, or after a run-time error box.
 #include "Application.h"
 #include "Artwork.h"
-#include "Forms.h"
-#include "FrmIcone.h"
 #include "NotificationArea.h"
 #include "Printer.h"
 #include "ProcessEnd.h"
-#include "ProvideForms.h"
 #include "RunTime.h"
 #include "ScreenMessageBoxes.h"
-#include "SeedDatabase.h"
 #include "Servers.h"
-#include "StartUpPicture.h"
+#include "Start.h"
 
 #include <QDir>
 #include <QStringList>
-
-#include <memory>
 
 namespace {
 
@@ -65,28 +60,5 @@ int main(int argc, char* argv[]) {
                       printer,
                       processEnd,
                       notificationArea};
-    // A database made by an earlier version gets this version's indexes, saved query and table of
-    // days, rows untouched; a file already up to date is only read. Whatever goes wrong here is
-    // left for the main window's load to meet, as a missing database always was. On years of
-    // observations the upgrade takes a second or two: the start-up picture stands from its
-    // beginning, where the start form shows it next, and goes once the start form stands there.
-    std::unique_ptr<StartUpPicture> picture;
-    UpgradeDatabase(services.applicationPath + QStringLiteral("/database.mdb"), DatabaseSchema(), nullptr, [&] {
-        picture = std::make_unique<StartUpPicture>();
-        picture->ShowNow();
-    });
-    Forms forms(services);
-    ProvideForms(forms);
-
-    // The start form: its load loads Form1 (log, database, first chart) and adds the icon. A
-    // failure there (a missing database, say) is a run-time error, shown by the box of the
-    // event that first touches the forms, so the load runs from the event loop.
-    QMetaObject::invokeMethod(
-        &app,
-        [&] {
-            guard.Handle([&] { forms.Widget<FrmIcone>().show(); });
-            picture.reset();
-        },
-        Qt::QueuedConnection);
-    return QApplication::exec();
+    return RunStart(services);
 }

@@ -25,12 +25,11 @@
 #include "Named.h"
 #include "NotificationArea.h"
 #include "Printer.h"
-#include "ProvideForms.h"
 #include "RunFolder.h"
 #include "RunTime.h"
 #include "Seams.h"
 #include "SeedDatabase.h"
-#include "StartUpPicture.h"
+#include "Start.h"
 #include "SyntheticStore.h"
 #include "TestServices.h"
 
@@ -101,26 +100,15 @@ int StartSkelda(int argc, char** argv, const QString& folder, bool toPicture) {
     SystemProcessEnd processEnd;
     DesktopNotificationArea notificationArea;
     Services services{clock, random, boxes, guard, {}, {}, {}, folder, printer, processEnd, notificationArea};
-    std::unique_ptr<StartUpPicture> picture;
-    UpgradeDatabase(folder + QStringLiteral("/database.mdb"), DatabaseSchema(), nullptr, [&] {
-        picture = std::make_unique<StartUpPicture>();
-        picture->ShowNow();
-        if (toPicture) std::_Exit(0);
-    });
-    // Asked for the picture of an upgrade, a file that needed none is a failure.
-    if (toPicture) std::_Exit(5);
-    Forms forms(services);
-    ProvideForms(forms);
-    QMetaObject::invokeMethod(
-        &app,
-        [&] {
-            guard.Handle([&] { forms.Widget<FrmIcone>().show(); });
-            picture.reset();
-            // The icon is added by the start form's load; a start that failed says so.
-            std::_Exit(forms.Get<FrmIcone>().IconeNotif.uID == 1 ? 0 : 4);
-        },
-        Qt::QueuedConnection);
-    return QApplication::exec();
+    StartStages stages;
+    if (toPicture) {
+        stages.pictureShown = [] { std::_Exit(0); };
+        // Asked for the picture of an upgrade, a file that needed none is a failure.
+        stages.upToDate = [] { std::_Exit(5); };
+    }
+    // The icon is added by the start form's load; a start that failed says so.
+    stages.shownForm = [](Forms& forms) { std::_Exit(forms.Get<FrmIcone>().IconeNotif.uID == 1 ? 0 : 4); };
+    return RunStart(services, stages);
 }
 
 // The floor: a Qt program that shows one window from its event loop, then ends.
