@@ -106,8 +106,8 @@ TEST_F(Ingestion, AStationFileBecomesOneRowWithTheLabelsTheLogTheChartAndTheTray
     EXPECT_EQ(W(f).State(), sckClosed);
     EXPECT_FALSE(TimerWinsock(f).Enabled());
     EXPECT_TRUE(server.WaitForDisconnections(1));
-    EXPECT_TRUE(f.BaseReleves.IsNothing());
-    EXPECT_TRUE(f.JeuReleves.IsNothing());
+    EXPECT_TRUE(f.Base().IsNothing());
+    EXPECT_TRUE(f.Jeu().IsNothing());
     EXPECT_TRUE(boxes.shown.empty());
 }
 
@@ -309,7 +309,7 @@ TEST_F(Ingestion, AMissingDatabaseStoresNothingButStillEndsTheExchange) {
     EXPECT_EQ(Named<Label>(f, QStringLiteral("Label2"))->Caption(), QStringLiteral("Speed : 13 Kt (20.8 km/h)."));
     EXPECT_EQ(TrayCaption(), TrayTitle(QStringLiteral("West South West Force 4")));
     EXPECT_FALSE(TimerWinsock(f).Enabled());
-    EXPECT_TRUE(f.BaseReleves.IsNothing());
+    EXPECT_TRUE(f.Base().IsNothing());
     EXPECT_TRUE(boxes.shown.empty());
 }
 

@@ -141,7 +141,7 @@ TEST_F(Scheduler, ClosingTheWindowLeavesThePollsGoingOn) {
     f.show();
     f.close();
     EXPECT_TRUE(f.isHidden());
-    EXPECT_EQ(f.Tag, QStringLiteral("MASQUE"));
+    EXPECT_EQ(f.TagFenetre(), QStringLiteral("MASQUE"));
     Tick(f, 11);
     ASSERT_TRUE(server.WaitForRequests(1));
     EXPECT_EQ(f.Cycle().SecondesAttente, 0);
@@ -241,7 +241,7 @@ TEST_F(Scheduler, TheHourlyRefreshFallsOnThe3601stTick) {
     EXPECT_EQ(Named<ComboBox>(f, QStringLiteral("ChoixDate"))->ListCount(), 2);
     EXPECT_EQ(Named<ComboBox>(f, QStringLiteral("ChoixDate"))->Text(), QStringLiteral("02/11/2004"));
     EXPECT_EQ(f.Cycle().SecondesHeure, 0);
-    EXPECT_TRUE(f.BaseReleves.IsNothing());
+    EXPECT_TRUE(f.Base().IsNothing());
 }
 
 TEST_F(Scheduler, TheHourlyRefreshTakesAnOlderDateBackToTheNewest) {
@@ -264,14 +264,14 @@ TEST_F(Scheduler, TheHourlyRefreshTakesAnOlderDateBackToTheNewest) {
 
 TEST_F(Scheduler, TheTickAfterTheWindowWasShownTurnsVisibleIntoVu) {
     Form1& f = Form();
-    f.Tag = QStringLiteral("visible");
+    f.SetTag(QStringLiteral("visible"));
     Tick(f);
-    EXPECT_EQ(f.Tag, QStringLiteral("VU"));
+    EXPECT_EQ(f.TagFenetre(), QStringLiteral("VU"));
     Tick(f);
-    EXPECT_EQ(f.Tag, QStringLiteral("VU"));
-    f.Tag = QStringLiteral("MASQUE");
+    EXPECT_EQ(f.TagFenetre(), QStringLiteral("VU"));
+    f.SetTag(QStringLiteral("MASQUE"));
     Tick(f);
-    EXPECT_EQ(f.Tag, QStringLiteral("MASQUE"));
+    EXPECT_EQ(f.TagFenetre(), QStringLiteral("MASQUE"));
 }
 
 TEST_F(Scheduler, OnlyThatTickSkipsItsFailures) {
@@ -279,7 +279,7 @@ TEST_F(Scheduler, OnlyThatTickSkipsItsFailures) {
     ASSERT_TRUE(QFile::remove(db.Path()));
     f.Cycle().SecondesHeure = 3600;
     f.Cycle().SecondesAttente = 10;
-    f.Tag = QStringLiteral("VISIBLE");
+    f.SetTag(QStringLiteral("VISIBLE"));
     // The refresh fails on the missing database; the poll behind it still starts.
     EXPECT_NO_THROW(Tick(f));
     EXPECT_EQ(f.Cycle().SecondesHeure, 0);

@@ -143,8 +143,8 @@ TEST_F(Forecast, RightClickOnAnAirportFillsTheForecastWindow) {
     // T was off while the page was fetched, and runs again.
     EXPECT_EQ(tPendantLaRequete.load(), 0);
     EXPECT_TRUE(T(f).Enabled());
-    EXPECT_TRUE(f.BaseReleves.IsNothing());
-    EXPECT_TRUE(f.JeuReleves.IsNothing());
+    EXPECT_TRUE(f.Base().IsNothing());
+    EXPECT_TRUE(f.Jeu().IsNothing());
     EXPECT_TRUE(runTimeEnds.empty());
 }
 
@@ -179,7 +179,7 @@ TEST_F(Forecast, RightClickWithoutCodeShowsTheBoxAndTRunsAgain) {
               QStringLiteral("Roissy - Charles de Gaulle"));
     EXPECT_FALSE(Prevision().isVisible());
     EXPECT_TRUE(T(f).Enabled());
-    EXPECT_TRUE(f.BaseReleves.IsNothing());
+    EXPECT_TRUE(f.Base().IsNothing());
 }
 
 TEST_F(Forecast, AnEmptyCodeGoesToThePortalAsItIs) {
@@ -277,7 +277,7 @@ TEST_F(Forecast, APageThatBreaksTheParserEndsInTheRunTimeBoxWithTOff) {
     EXPECT_EQ(boxes.shown, std::vector<QString>{QStringLiteral("Run-time error '13': Type mismatch")});
     EXPECT_FALSE(T(f).Enabled());
     // Nothing closed the database either.
-    EXPECT_FALSE(f.BaseReleves.IsNothing());
+    EXPECT_FALSE(f.Base().IsNothing());
     // The window was shown with what came before the failure.
     EXPECT_TRUE(Prevision().isVisible());
     EXPECT_EQ(Named<Label>(Prevision(), QStringLiteral("Label1"))->Caption(), QStringLiteral(" Sunny."));

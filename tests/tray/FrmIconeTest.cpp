@@ -100,7 +100,7 @@ TEST_F(Tray, AMouseMoveOverTheIconIsDecodedAndIgnored) {
     EXPECT_EQ(tray.MessageSouris, 512);
     EXPECT_EQ(tray.FormIconeActif, 0);
     EXPECT_FALSE(Form().isVisible());
-    EXPECT_TRUE(Form().Tag.isEmpty());
+    EXPECT_TRUE(Form().TagFenetre().isEmpty());
 }
 
 TEST_F(Tray, ALeftSingleClickDoesNothing) {
@@ -140,12 +140,12 @@ TEST_F(Tray, TwoDoubleClicksShowForm1TwiceAndSetVisibleAgain) {
     Form1& f = Form();
     Message(tray, 515);
     EXPECT_TRUE(f.isVisible());
-    EXPECT_EQ(f.Tag, QStringLiteral("VISIBLE"));
+    EXPECT_EQ(f.TagFenetre(), QStringLiteral("VISIBLE"));
     Tick(f);
-    EXPECT_EQ(f.Tag, QStringLiteral("VU"));
+    EXPECT_EQ(f.TagFenetre(), QStringLiteral("VU"));
     Message(tray, 515);
     EXPECT_TRUE(f.isVisible());
-    EXPECT_EQ(f.Tag, QStringLiteral("VISIBLE"));
+    EXPECT_EQ(f.TagFenetre(), QStringLiteral("VISIBLE"));
     // No other effect: no poll, no count.
     EXPECT_EQ(f.Cycle().SecondesAttente, 1);
     ASSERT_TRUE(RoundTrip());  // a connection begun by now would have been accepted
@@ -247,10 +247,10 @@ TEST_F(Tray, AReceptionReachesTheTipThroughTheCaption) {
 TEST_F(Tray, DailyCurveShowsForm1AndLeavesItsTag) {
     FrmIcone& tray = StartForm();
     Form1& f = Form();
-    f.Tag = QStringLiteral("MASQUE");
+    f.SetTag(QStringLiteral("MASQUE"));
     Named<QAction>(tray, QStringLiteral("MenuCourbe"))->trigger();
     EXPECT_TRUE(f.isVisible());
-    EXPECT_EQ(f.Tag, QStringLiteral("MASQUE"));
+    EXPECT_EQ(f.TagFenetre(), QStringLiteral("MASQUE"));
 }
 
 TEST_F(Tray, MonthlyCurveLoadsTheMonthlyWindowAndShowsItWithoutWaiting) {
@@ -390,7 +390,7 @@ TEST_F(Tray, ClosingForm1LeavesTheIconAndThePollsGoingOn) {
     ASSERT_TRUE(f.isVisible());
     EXPECT_FALSE(f.close());
     EXPECT_TRUE(f.isHidden());
-    EXPECT_EQ(f.Tag, QStringLiteral("MASQUE"));
+    EXPECT_EQ(f.TagFenetre(), QStringLiteral("MASQUE"));
     EXPECT_TRUE(server.WaitForRequests(2));
     T(f).SetEnabled(false);
     EXPECT_TRUE(forms.Loaded<Form1>());
