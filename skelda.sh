@@ -75,7 +75,7 @@ uninstall_for_me() {
 # folder is private to its user, and nginx's workers can't read it). A gateway that answers for its
 # news page with this version's is left as it is, whoever set it up.
 gateway=/usr/local/lib/skelda/skelda-gateway
-gateway_address=127.83.75.1
+gateway_address=127.0.0.1
 
 gateway_answers() {
     { [ -x /usr/lib/skelda/skelda-gateway ] && /usr/lib/skelda/skelda-gateway check; } ||
@@ -88,7 +88,7 @@ start_gateway() {
     as_root "$gateway" enable || true
     gateway_answers && return
     if curl -s --noproxy '*' --max-time 3 -o /dev/null "http://$gateway_address/"; then
-        echo "Another web server holds port 80 on every address and answers Skelda's requests with its own pages, which Skelda stores like any reply." >&2
+        echo "Another web server holds port 80 of 127.0.0.1 and answers Skelda's requests with its own pages, which Skelda stores like any reply." >&2
     else
         echo "Skelda's gateway isn't running: Skelda starts, and stores no observation." >&2
     fi

@@ -1,11 +1,10 @@
 // The servers Skelda talks to. They are fixed values of the program: nothing in a file, the
 // registry or the environment changes them.
 //
-// All three are Skelda's gateway (gateway/): a site of the machine's web server on an IPv4
-// loopback address of its own, which speaks the program's HTTP/1.0 on one side and today's public
-// sources on the other. An address rather than a name, so that nothing has to resolve it and it
-// can't be taken for IPv6 (the program's socket is IPv4); not 127.0.0.1, which the machine's other
-// local servers answer.
+// All three are Skelda's gateway (gateway/): a site of the machine's web server on the loopback,
+// port 80 of 127.0.0.1, which speaks the program's HTTP/1.0 on one side and today's public sources
+// on the other. An address rather than a name, so that nothing has to resolve it and it can't be
+// taken for IPv6 (the program's socket is IPv4).
 #pragma once
 
 #include "Services.h"
@@ -13,7 +12,7 @@
 namespace skelda {
 
 // The gateway's address, the same in the request line and in the socket's RemoteHost.
-inline const QString GatewayAddress = QStringLiteral("127.83.75.1");
+inline const QString GatewayAddress = QStringLiteral("127.0.0.1");
 
 // The METAR station files: one text file per station code under
 // /pub/data/observations/metar/stations/, a date line and the report, which the gateway fetches

@@ -20,16 +20,14 @@ size_t Collect(char* data, size_t size, size_t count, void* target) {
 
 }  // namespace
 
-std::optional<QByteArray> FetchFromSource(const QString& socketPath, const Place& place) {
+std::optional<QByteArray> FetchFromSource(const QString& address, const Place& place) {
     const std::unique_ptr<CURL, decltype(&curl_easy_cleanup)> curl(curl_easy_init(), curl_easy_cleanup);
     if (!curl) return std::nullopt;
-    const QByteArray url = "http://localhost" + SourcePath(place);
-    const QByteArray socket = socketPath.toLocal8Bit();
+    const QByteArray url = "http://" + address.toLatin1() + SourcePath(place);
     QByteArray body;
     CURL* h = curl.get();
     curl_easy_setopt(h, CURLOPT_URL, url.constData());
-    curl_easy_setopt(h, CURLOPT_UNIX_SOCKET_PATH, socket.constData());
-    // No proxy from the environment: the socket is the gateway's own.
+    // No proxy from the environment: the address is the gateway's own.
     curl_easy_setopt(h, CURLOPT_PROXY, "");
     curl_easy_setopt(h, CURLOPT_FOLLOWLOCATION, 0L);
     curl_easy_setopt(h, CURLOPT_TIMEOUT_MS, 5000L);

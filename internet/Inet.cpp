@@ -85,7 +85,7 @@ QString Inet::OpenURL(const QString& url) {
     curl_easy_setopt(handle, CURLOPT_MAXREDIRS, 10L);
     curl_easy_setopt(handle, CURLOPT_USERAGENT, "Skelda");
     curl_easy_setopt(handle, CURLOPT_ACCEPT_ENCODING, "");  // whatever compression libcurl can undo
-    // A page on this machine (Skelda's gateway among them, on 127.83.75.1) is never fetched
+    // A page on this machine (Skelda's gateway among them, on 127.0.0.1) is never fetched
     // through a proxy, whatever the environment names.
     curl_easy_setopt(handle, CURLOPT_NOPROXY, "localhost,127.0.0.0/8,::1");
     // No signals: a name lookup that hangs is ended by the time-out, not by an alarm.

@@ -114,7 +114,7 @@ TEST_F(Gateway, TheSourceIsAskedOnceAMinutePerStationHoweverManyPolls) {
 
 TEST_F(Gateway, AQueryStringOrOtherHeadersMakeNoNewCacheEntry) {
     Start(GoodSource);
-    const QByteArray path = "http://127.83.75.1/pub/data/observations/metar/stations/LFPB.TXT";
+    const QByteArray path = "http://127.0.0.1/pub/data/observations/metar/stations/LFPB.TXT";
     const QByteArray first = GatewayWorld::Exchange("GET " + path + " HTTP/1.0\r\n\r\n");
     const QByteArray second = GatewayWorld::Exchange("GET " + path + "?now=1 HTTP/1.0\r\nUser-Agent: x\r\n\r\n");
     const QByteArray third = GatewayWorld::Exchange(
@@ -130,7 +130,7 @@ TEST_F(Gateway, TheSourcesCacheHeadersDoNotShortenTheMinute) {
     World().ServeFile(QStringLiteral("/data/observations/metar/stations/NOCA.TXT"),
                       "2026/11/24 19:00\nNOCA 241900Z 24013KT 9999 12/08 Q1015\n");
     Start(GoodSource);
-    const QByteArray request = "GET http://127.83.75.1/pub/data/observations/metar/stations/NOCA.TXT HTTP/1.0\r\n\r\n";
+    const QByteArray request = "GET http://127.0.0.1/pub/data/observations/metar/stations/NOCA.TXT HTTP/1.0\r\n\r\n";
     GatewayWorld::Exchange(request);
     GatewayWorld::Exchange(request);
     EXPECT_EQ(SourceAsked(QStringLiteral("NOCA")), 1);
@@ -226,7 +226,7 @@ TEST_F(Gateway, ARedirectIsNotFollowedAndStoresNothing) {
     Named<ListBox>(Form(), QStringLiteral("List1"))->SetListIndex(LigneHeathrow);
     World().ServeFile(QStringLiteral("/elsewhere/MOVE.TXT"), HeathrowFile);
     const QByteArray reply =
-        GatewayWorld::Exchange("GET http://127.83.75.1/pub/data/observations/metar/stations/MOVE.TXT HTTP/1.0\r\n\r\n");
+        GatewayWorld::Exchange("GET http://127.0.0.1/pub/data/observations/metar/stations/MOVE.TXT HTTP/1.0\r\n\r\n");
     EXPECT_TRUE(reply.isEmpty()) << reply.toStdString();
     EXPECT_EQ(World().SourceRequests().filter(QStringLiteral("/elsewhere/")).size(), 0);
     EXPECT_TRUE(World().GatewayLog().contains(QStringLiteral("station MOVE: the source answered 301")));
@@ -243,7 +243,7 @@ TEST_F(Gateway, ACertificateThatDoesNotVerifyStoresNothing) {
 TEST_F(Gateway, AnUnknownStationClosesWithoutAReply) {
     Start(GoodSource);
     const QByteArray reply =
-        GatewayWorld::Exchange("GET http://127.83.75.1/pub/data/observations/metar/stations/ZZZZ.TXT HTTP/1.0\r\n\r\n");
+        GatewayWorld::Exchange("GET http://127.0.0.1/pub/data/observations/metar/stations/ZZZZ.TXT HTTP/1.0\r\n\r\n");
     EXPECT_TRUE(reply.isEmpty()) << reply.toStdString();
     EXPECT_EQ(SourceAsked(QStringLiteral("ZZZZ")), 1);
 }
@@ -252,7 +252,7 @@ TEST_F(Gateway, ACodeOfOtherCharactersIsRefusedWithoutAskingTheSource) {
     Start(GoodSource);
     for (const QByteArray& code :
          {QByteArray("LF-B"), QByteArray("LF%2FB"), QByteArray("..%2F..%2Fetc"), QByteArray("")}) {
-        const QByteArray reply = GatewayWorld::Exchange("GET http://127.83.75.1/pub/data/observations/metar/stations/" +
+        const QByteArray reply = GatewayWorld::Exchange("GET http://127.0.0.1/pub/data/observations/metar/stations/" +
                                                         code + ".TXT HTTP/1.0\r\n\r\n");
         // Closed without a word, or, for a path that its dots take out of the folder, not found.
         EXPECT_TRUE(reply.isEmpty() || reply.startsWith("HTTP/1.1 404"))
@@ -266,12 +266,12 @@ TEST_F(Gateway, AMethodOtherThanGetOrHeadIsRefusedWithoutAskingTheSource) {
     for (const QByteArray& method : {QByteArray("POST"), QByteArray("PUT"), QByteArray("DELETE")}) {
         const QByteArray reply =
             GatewayWorld::Exchange(method +
-                                   " http://127.83.75.1/pub/data/observations/metar/stations/LFPB.TXT HTTP/1.0\r\n"
+                                   " http://127.0.0.1/pub/data/observations/metar/stations/LFPB.TXT HTTP/1.0\r\n"
                                    "Content-Length: 0\r\n\r\n");
         EXPECT_TRUE(reply.isEmpty()) << method.toStdString() << ": " << reply.toStdString();
     }
-    const QByteArray head = GatewayWorld::Exchange(
-        "HEAD http://127.83.75.1/pub/data/observations/metar/stations/LFPB.TXT HTTP/1.0\r\n\r\n");
+    const QByteArray head =
+        GatewayWorld::Exchange("HEAD http://127.0.0.1/pub/data/observations/metar/stations/LFPB.TXT HTTP/1.0\r\n\r\n");
     EXPECT_TRUE(head.startsWith("HTTP/1.1 200")) << head.toStdString();
     EXPECT_EQ(SourceAsked(QStringLiteral("LFPB")), 1);
     EXPECT_EQ(World().SourceRequests().filter(QRegularExpression(QStringLiteral("^(POST|PUT|DELETE) "))).size(), 0);
@@ -286,6 +286,30 @@ TEST_F(Gateway, AnyOtherPathIsNotFoundAndTheGatewayIsNoOpenProxy) {
         EXPECT_TRUE(reply.startsWith("HTTP/1.1 404")) << path.toStdString() << ": " << reply.left(40).toStdString();
     }
     EXPECT_TRUE(World().SourceRequests().isEmpty());
+}
+
+// The gateway and the page maker's way to the source stand on the loopback alone: port 80 of
+// 127.0.0.1 (and of ::1 where there is IPv6), and the source's port 857 of 127.0.0.1.
+TEST_F(Gateway, ItListensOnTheLoopbackOnly) {
+    Start(GoodSource, true);
+    QStringList expected{QStringLiteral("127.0.0.1:80"), QStringLiteral("127.0.0.1:857")};
+    if (GatewayWorld::HasIpv6Loopback()) expected.append(QStringLiteral("[::1]:80"));
+    expected.sort();
+    EXPECT_EQ(World().GatewayListens(), expected);
+    // Another loopback address of the machine finds nobody on port 80.
+    EXPECT_EQ(GatewayWorld::Exchange("GET /Skelda/promo.html HTTP/1.0\r\n\r\n", 15000, QStringLiteral("127.0.0.9")),
+              QByteArray("(no connection)"));
+}
+
+TEST_F(Gateway, TheNewsPageIsServedOnIpv6sLoopbackToo) {
+    if (!GatewayWorld::HasIpv6Loopback()) GTEST_SKIP() << "no IPv6 loopback in this namespace";
+    Start(GoodSource);
+    QFile installed(QStringLiteral(SKELDA_GATEWAY_DATA "/promo.html"));
+    ASSERT_TRUE(installed.open(QIODevice::ReadOnly));
+    const QByteArray reply =
+        GatewayWorld::Exchange("GET /Skelda/promo.html HTTP/1.0\r\n\r\n", 15000, QStringLiteral("::1"));
+    EXPECT_TRUE(reply.startsWith("HTTP/1.1 200")) << reply.left(40).toStdString();
+    EXPECT_TRUE(reply.endsWith(installed.readAll()));
 }
 
 TEST_F(Gateway, TheFirstPollShowsTheNewsPageOnce) {

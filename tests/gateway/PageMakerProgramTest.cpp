@@ -1,13 +1,12 @@
 // skelda-forecast-page run as the gateway runs it: a process with the CGI environment, its source
-// a stand-in on a Unix socket of the test's own.
+// a stand-in of the test's own on the loopback.
 #include "PageMakerFixture.h"
 
 #include <QElapsedTimer>
-#include <QLocalServer>
-#include <QLocalSocket>
 #include <QProcess>
 #include <QSignalSpy>
-#include <QTemporaryDir>
+#include <QTcpServer>
+#include <QTcpSocket>
 #include <QTest>
 
 #include "GuiApplication.h"
@@ -17,20 +16,23 @@ using namespace skelda::test;
 
 namespace {
 
-// The gateway's proxy of the source, as far as the program sees it: HTTP on a Unix socket. It
-// records each request's head and answers with Status and Body, or never when Silent.
+// The gateway's proxy of the source, as far as the program sees it: HTTP on 127.0.0.1, at a port
+// the system gives. It records each request's head and answers with Status and Body, or never when
+// Silent.
 class SourceStandIn : public QObject {
 public:
-    explicit SourceStandIn(const QString& path) {
-        QLocalServer::removeServer(path);
-        if (!server.listen(path)) throw std::runtime_error("the stand-in can't listen");
-        connect(&server, &QLocalServer::newConnection, this, [this] {
-            while (QLocalSocket* socket = server.nextPendingConnection()) {
-                connect(socket, &QLocalSocket::readyRead, this, [this, socket] { Read(socket); });
-                connect(socket, &QLocalSocket::disconnected, socket, &QObject::deleteLater);
+    SourceStandIn() {
+        if (!server.listen(QHostAddress::LocalHost, 0)) throw std::runtime_error("the stand-in can't listen");
+        connect(&server, &QTcpServer::newConnection, this, [this] {
+            while (QTcpSocket* socket = server.nextPendingConnection()) {
+                connect(socket, &QTcpSocket::readyRead, this, [this, socket] { Read(socket); });
+                connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
             }
         });
     }
+
+    // Where the program is told to find it, as the gateway tells it.
+    QString Address() const { return QStringLiteral("127.0.0.1:%1").arg(server.serverPort()); }
 
     QByteArray status = "200 OK";
     QByteArray body;
@@ -38,7 +40,7 @@ public:
     QList<QByteArray> heads;
 
 private:
-    void Read(QLocalSocket* socket) {
+    void Read(QTcpSocket* socket) {
         QByteArray& head = pending[socket];
         head += socket->readAll();
         const qsizetype end = head.indexOf("\r\n\r\n");
@@ -48,11 +50,11 @@ private:
         if (silent) return;
         socket->write("HTTP/1.1 " + status + "\r\nContent-Type: application/json\r\nContent-Length: " +
                       QByteArray::number(body.size()) + "\r\nConnection: close\r\n\r\n" + body);
-        socket->disconnectFromServer();
+        socket->disconnectFromHost();
     }
 
-    QLocalServer server;
-    QHash<QLocalSocket*, QByteArray> pending;
+    QTcpServer server;
+    QHash<QTcpSocket*, QByteArray> pending;
 };
 
 struct Sortie {
@@ -65,18 +67,18 @@ class PageMakerProgram : public ::testing::Test {
 protected:
     void SetUp() override {
         EnsureGuiApplication();
-        ASSERT_TRUE(folder.isValid());
-        source = std::make_unique<SourceStandIn>(socketPath);
+        source = std::make_unique<SourceStandIn>();
+        sourceAddress = source->Address();
     }
 
-    // Runs the program with SKELDA_CODE = Code and, unless nullptr, SKELDA_SOURCE_SOCKET = Socket,
+    // Runs the program with SKELDA_CODE = Code and, unless nullptr, SKELDA_SOURCE = Address,
     // letting the stand-in answer meanwhile.
-    Sortie RunProgram(const QString& code, const QString* socket) {
+    Sortie RunProgram(const QString& code, const QString* address) {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.remove(QStringLiteral("SKELDA_SOURCE_SOCKET"));
+        environment.remove(QStringLiteral("SKELDA_SOURCE"));
         environment.insert(QStringLiteral("SKELDA_CODE"), code);
         environment.insert(QStringLiteral("REQUEST_METHOD"), QStringLiteral("GET"));
-        if (socket) environment.insert(QStringLiteral("SKELDA_SOURCE_SOCKET"), *socket);
+        if (address) environment.insert(QStringLiteral("SKELDA_SOURCE"), *address);
         QProcess process;
         process.setProcessEnvironment(environment);
         QSignalSpy finished(&process, &QProcess::finished);
@@ -95,9 +97,8 @@ protected:
     static QByteArray Head(const Sortie& run) { return run.out.left(run.out.indexOf("\n\n") + 2); }
     static QString Page(const Sortie& run) { return QString::fromLatin1(run.out.mid(run.out.indexOf("\n\n") + 2)); }
 
-    QTemporaryDir folder;
-    const QString socketPath = folder.filePath(QStringLiteral("source.sock"));
     std::unique_ptr<SourceStandIn> source;
+    QString sourceAddress;
 };
 
 const QByteArray ForecastHead = "Status: 200 OK\nContent-Type: text/html\nX-Accel-Expires: 3600\n\n";
@@ -107,12 +108,13 @@ const QByteArray MinuteHead = "Status: 200 OK\nContent-Type: text/html\nX-Accel-
 
 TEST_F(PageMakerProgram, AStationCodeAsksTheSourceForItsPlaceAndGivesSixBlocksKeptAnHour) {
     source->body = ReponseReguliere(QDateTime::currentDateTimeUtc().addSecs(qint64{-2} * 3600));
-    const Sortie run = RunProgram(QStringLiteral("LFPG"), &socketPath);
+    const Sortie run = RunProgram(QStringLiteral("LFPG"), &sourceAddress);
     EXPECT_EQ(run.exitCode, 0);
     EXPECT_EQ(Head(run), ForecastHead);
     ASSERT_EQ(source->heads.size(), 1);
     EXPECT_TRUE(source->heads[0].startsWith(
-        "GET /weatherapi/locationforecast/2.0/compact?lat=49.0167&lon=2.5333 HTTP/1.1\r\nHost: localhost\r\n"))
+        "GET /weatherapi/locationforecast/2.0/compact?lat=49.0167&lon=2.5333 HTTP/1.1\r\nHost: " +
+        sourceAddress.toLatin1() + "\r\n"))
         << source->heads[0].toStdString();
     const Lu lu = LireAvecLeLecteur(Page(run));
     EXPECT_TRUE(lu.lu);
@@ -126,17 +128,17 @@ TEST_F(PageMakerProgram, AStationCodeAsksTheSourceForItsPlaceAndGivesSixBlocksKe
 
 TEST_F(PageMakerProgram, AnOldPortalCodeAsksForItsAirportsPlace) {
     source->body = ReponseReguliere(QDateTime::currentDateTimeUtc().addSecs(-3600));
-    const Sortie run = RunProgram(QStringLiteral("UKXX0085"), &socketPath);
+    const Sortie run = RunProgram(QStringLiteral("UKXX0085"), &sourceAddress);
     EXPECT_EQ(Head(run), ForecastHead);
     ASSERT_EQ(source->heads.size(), 1);
     EXPECT_TRUE(source->heads[0].startsWith("GET /weatherapi/locationforecast/2.0/compact?lat=51.4833&lon=-0.4500 "));
     EXPECT_TRUE(Page(run).contains(QStringLiteral("<h1>Londres</h1>")));
 }
 
-TEST_F(PageMakerProgram, WithoutASourceSocketNothingIsAskedAndThePageSaysNotAvailableForAMinute) {
+TEST_F(PageMakerProgram, WithoutASourceAddressNothingIsAskedAndThePageSaysNotAvailableForAMinute) {
     const QString empty;
-    for (const QString* socket : {static_cast<const QString*>(nullptr), &empty}) {
-        const Sortie run = RunProgram(QStringLiteral("LFPG"), socket);
+    for (const QString* address : {static_cast<const QString*>(nullptr), &empty}) {
+        const Sortie run = RunProgram(QStringLiteral("LFPG"), address);
         EXPECT_EQ(run.exitCode, 0);
         EXPECT_EQ(Head(run), MinuteHead);
         const Lu lu = LireAvecLeLecteur(Page(run));
@@ -150,7 +152,7 @@ TEST_F(PageMakerProgram, WithoutASourceSocketNothingIsAskedAndThePageSaysNotAvai
 TEST_F(PageMakerProgram, AnUnknownOrIllFormedCodeGivesTheUnknownCityPageAndAsksNothing) {
     for (const QString& code :
          {QStringLiteral("ZZZZ"), QStringLiteral("../../etc/passwd"), QStringLiteral("LF PG"), QStringLiteral("")}) {
-        const Sortie run = RunProgram(code, &socketPath);
+        const Sortie run = RunProgram(code, &sourceAddress);
         EXPECT_EQ(Head(run), ForecastHead) << code.toStdString();
         const Lu lu = LireAvecLeLecteur(Page(run));
         EXPECT_EQ(lu.textes.value(0), QStringLiteral(" This city is unknown to the forecast portal."));
@@ -163,15 +165,18 @@ TEST_F(PageMakerProgram, AnUnknownOrIllFormedCodeGivesTheUnknownCityPageAndAsksN
 TEST_F(PageMakerProgram, ASourceThatFailsGivesTheFailurePageForAMinute) {
     source->status = "503 Service Unavailable";
     source->body = "busy";
-    const Sortie run = RunProgram(QStringLiteral("LFPG"), &socketPath);
+    const Sortie run = RunProgram(QStringLiteral("LFPG"), &sourceAddress);
     EXPECT_EQ(Head(run), MinuteHead);
     EXPECT_EQ(source->heads.size(), 1);
     const Lu lu = LireAvecLeLecteur(Page(run));
     EXPECT_EQ(lu.textes.value(0), QStringLiteral(" The forecast source can't be reached. Try again in a minute."));
 }
 
-TEST_F(PageMakerProgram, ASocketNobodyListensOnGivesTheFailurePage) {
-    const QString nowhere = folder.filePath(QStringLiteral("nobody.sock"));
+TEST_F(PageMakerProgram, AnAddressNobodyListensOnGivesTheFailurePage) {
+    QTcpServer probe;
+    ASSERT_TRUE(probe.listen(QHostAddress::LocalHost, 0));
+    const QString nowhere = QStringLiteral("127.0.0.1:%1").arg(probe.serverPort());
+    probe.close();
     const Sortie run = RunProgram(QStringLiteral("LFPG"), &nowhere);
     EXPECT_EQ(Head(run), MinuteHead);
     EXPECT_EQ(LireAvecLeLecteur(Page(run)).textes.value(0),
@@ -180,7 +185,7 @@ TEST_F(PageMakerProgram, ASocketNobodyListensOnGivesTheFailurePage) {
 
 TEST_F(PageMakerProgram, AReplyThatIsntAForecastSaysNotAvailableForAMinute) {
     source->body = "<html>Sorry</html>";
-    const Sortie run = RunProgram(QStringLiteral("LFPG"), &socketPath);
+    const Sortie run = RunProgram(QStringLiteral("LFPG"), &sourceAddress);
     EXPECT_EQ(Head(run), MinuteHead);
     EXPECT_EQ(LireAvecLeLecteur(Page(run)).textes.value(0),
               QStringLiteral(" The forecast is not available. Try again later."));
@@ -189,7 +194,7 @@ TEST_F(PageMakerProgram, AReplyThatIsntAForecastSaysNotAvailableForAMinute) {
 // Skelda's window waits on the page: a source that doesn't answer is given 5 s, no more.
 TEST_F(PageMakerProgram, ASilentSourceIsWaitedOnFiveSecondsThenTheFailurePageComes) {
     source->silent = true;
-    const Sortie run = RunProgram(QStringLiteral("LFPG"), &socketPath);
+    const Sortie run = RunProgram(QStringLiteral("LFPG"), &sourceAddress);
     EXPECT_EQ(Head(run), MinuteHead);
     EXPECT_EQ(source->heads.size(), 1);
     EXPECT_GE(run.milliseconds, 4900);

@@ -51,10 +51,16 @@ check "the gateway is a site of nginx" test -f /etc/nginx/sites-enabled/skelda-g
 check "nginx's configuration passes its own check" nginx -t -q
 check "nginx runs" running
 check "the gateway serves the news page of this version" \
-    cmp -s <(answers http://127.83.75.1/Skelda/promo.html) /usr/share/skelda/gateway/promo.html
-check "a forecast page comes in the portal's layout" grep -q -- "<!--TEXT FORECAST-->" <(answers http://127.83.75.1/forecast/LFPG.html)
-check "another path is not found" test "$(answers -o /dev/null -w '%{http_code}' http://127.83.75.1/etc/passwd)" = 404
-check "the gateway listens on its own address only" test "$(answers -o /dev/null -w '%{http_code}' http://127.0.0.2/Skelda/promo.html)" != 200
+    cmp -s <(answers http://127.0.0.1/Skelda/promo.html) /usr/share/skelda/gateway/promo.html
+check "a forecast page comes in the portal's layout" grep -q -- "<!--TEXT FORECAST-->" <(answers http://127.0.0.1/forecast/LFPG.html)
+check "another path is not found" test "$(answers -o /dev/null -w '%{http_code}' http://127.0.0.1/etc/passwd)" = 404
+check "the gateway answers on no other address" test "$(answers -o /dev/null -w '%{http_code}' http://127.0.0.2/Skelda/promo.html)" != 200
+# With the default site taken out, every socket nginx listens on is the gateway's, on the loopback.
+if [ ! -e /etc/nginx/sites-enabled/default ]; then
+    check "nginx listens on the loopback only" test -z "$(ss -Hltnp | grep '"nginx"' | awk '{ print $4 }' |
+        grep -vxE '127\.0\.0\.1:(80|857)|\[::1\]:80')"
+    check "the page maker's source is on 127.0.0.1:857" test -n "$(ss -Hltn src 127.0.0.1:857)"
+fi
 
 apt-get remove -y -qq skelda >"$work/remove.log" 2>&1 || cat "$work/remove.log" >&2
 check "the package is removed" test -z "$(dpkg-query -W -f='${Status}' skelda 2>/dev/null | grep ' installed')"

@@ -33,7 +33,8 @@ void SendAll(int connection, const std::string& bytes) {
 }  // namespace
 
 ThreadedHttpServer::ThreadedHttpServer(Handler handler) : handler_(std::move(handler)) {
-    listener_ = ::socket(AF_INET, SOCK_STREAM, 0);
+    // Not handed on to the programs a test starts (a server of its own, say): they would hold it too.
+    listener_ = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
     sockaddr_in address{};
     address.sin_family = AF_INET;
     address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
@@ -88,7 +89,7 @@ bool ThreadedHttpServer::ReadHead(int connection, std::string& head) const {
 void ThreadedHttpServer::Serve() {
     std::vector<int> held;  // connections left open without an answer
     while (WaitReadable(listener_, wake_[0])) {
-        const int connection = ::accept(listener_, nullptr, nullptr);
+        const int connection = ::accept4(listener_, nullptr, nullptr, SOCK_CLOEXEC);
         if (connection < 0) continue;
         std::string head;
         if (!ReadHead(connection, head)) {

@@ -4,6 +4,7 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <QStandardPaths>
 #include <QTcpSocket>
 #include <QThread>
@@ -191,7 +192,8 @@ bool GatewayWorld::StartSources() {
         return false;
     }
     // A source that takes the connection and never says a word: the kernel accepts for it.
-    silent_ = ::socket(AF_INET, SOCK_STREAM, 0);
+    // Not handed on to the nginx processes the world starts, which would hold it too.
+    silent_ = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
     sockaddr_in address{};
     address.sin_family = AF_INET;
     address.sin_port = htons(443);
@@ -214,7 +216,6 @@ bool GatewayWorld::MakeSite(const QString& g, const QString& sources) {
                   QStringLiteral("STATEDIR=") + g + QStringLiteral("/state"),
                   QStringLiteral("LOGDIR=") + g + QStringLiteral("/log"), QStringLiteral("SOURCES=") + sources,
                   QStringLiteral("FCGI_SOCKET=") + g + QStringLiteral("/fcgiwrap.sock"),
-                  QStringLiteral("SOURCE_SOCKET=") + g + QStringLiteral("/source.sock"),
                   QStringLiteral("PAGEMAKER=") + QStringLiteral(SKELDA_PAGE_MAKER)});
     if (!render.waitForFinished(10000) || render.exitCode() != 0) {
         error_ =
@@ -260,8 +261,6 @@ bool GatewayWorld::StartGateway(const QString& source, bool withPageMaker) {
 
     const QString g = Path(QStringLiteral("gateway"));
     if (!MakeSite(g, g + QStringLiteral("/sources.conf"))) return false;
-    // A socket left by an nginx that was stopped hard would keep the next one from listening.
-    QFile::remove(g + QStringLiteral("/source.sock"));
     if (withPageMaker) {
         QFile::remove(g + QStringLiteral("/fcgiwrap.sock"));
         fcgiwrap_.setProcessChannelMode(QProcess::ForwardedErrorChannel);
@@ -324,9 +323,9 @@ QString GatewayWorld::GatewayLog() const {
     return QString::fromUtf8(log.readAll());
 }
 
-QByteArray GatewayWorld::Exchange(const QByteArray& request, int timeoutMs) {
+QByteArray GatewayWorld::Exchange(const QByteArray& request, int timeoutMs, const QString& address) {
     QTcpSocket socket;
-    socket.connectToHost(GatewayAddress, 80);
+    socket.connectToHost(address, 80);
     if (!socket.waitForConnected(5000)) return "(no connection)";
     socket.write(request);
     socket.waitForBytesWritten(5000);
@@ -339,6 +338,30 @@ QByteArray GatewayWorld::Exchange(const QByteArray& request, int timeoutMs) {
     }
     reply += socket.readAll();
     return reply;
+}
+
+QStringList GatewayWorld::GatewayListens() const {
+    QProcess ss;
+    ss.start(QStringLiteral("ss"), {QStringLiteral("-Hltnp")});
+    if (!ss.waitForFinished(10000)) return {QStringLiteral("(ss didn't answer)")};
+    const QString output = QString::fromLocal8Bit(ss.readAllStandardOutput());
+    const QList<qint64> gateway = gateway_.Processes();
+    QStringList found;
+    static const QRegularExpression pid(QStringLiteral("pid=(\\d+)"));
+    for (const QString& line : output.split(u'\n', Qt::SkipEmptyParts)) {
+        bool ours = false;
+        for (auto match = pid.globalMatch(line); match.hasNext();)
+            if (gateway.contains(match.next().captured(1).toLongLong())) ours = true;
+        const QStringList fields = line.split(u' ', Qt::SkipEmptyParts);
+        if (ours && fields.size() > 3 && !found.contains(fields[3])) found.append(fields[3]);
+    }
+    found.sort();
+    return found;
+}
+
+bool GatewayWorld::HasIpv6Loopback() {
+    QFile interfaces(QStringLiteral("/proc/net/if_inet6"));
+    return interfaces.open(QIODevice::ReadOnly) && interfaces.readAll().contains("00000000000000000000000000000001 ");
 }
 
 }  // namespace skelda::test

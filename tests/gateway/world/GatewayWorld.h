@@ -1,6 +1,7 @@
 // The gateway as the tests run it: the real site made by skelda-gateway from its template, in a
 // network namespace of the test's own (tests/gateway/in_namespace.sh), on the program's own address
-// and port 80, with only the public sources' addresses and the certificate authority swapped in.
+// (127.0.0.1, port 80), with only the public sources' addresses and the certificate authority
+// swapped in.
 // The public sources are stood in for by a second nginx serving HTTPS on 127.0.0.2 with a
 // certificate the test makes (signed through an intermediate), beside a server whose certificate
 // no authority signed (127.0.0.4), a server that accepts and never answers (127.0.0.3), and an
@@ -24,7 +25,7 @@ inline const QString AbsentSource = QStringLiteral("127.0.0.5:443");
 inline const QString PlainFileServer = QStringLiteral("127.0.0.6");
 
 // The gateway's address and port, as the program has them.
-inline const QString GatewayAddress = QStringLiteral("127.83.75.1");
+inline const QString GatewayAddress = QStringLiteral("127.0.0.1");
 
 // One nginx in the foreground, in a folder of its own.
 class Nginx {
@@ -76,8 +77,15 @@ public:
     QString GatewayLog() const;
 
     // One exchange with the gateway on a raw socket: the bytes sent, and all the bytes that came
-    // back until the gateway closed the connection (empty when it closed without a reply).
-    static QByteArray Exchange(const QByteArray& request, int timeoutMs = 15000);
+    // back until the gateway closed the connection (empty when it closed without a reply;
+    // "(no connection)" when nothing answered on Address, port 80).
+    static QByteArray Exchange(const QByteArray& request, int timeoutMs = 15000,
+                               const QString& address = GatewayAddress);
+    // The addresses ("127.0.0.1:80", "[::1]:80") of the TCP sockets that the gateway's nginx
+    // listens on, as ss shows them.
+    QStringList GatewayListens() const;
+    // Whether this namespace has IPv6's loopback, ::1.
+    static bool HasIpv6Loopback();
 
     QString Folder() const { return root_.path(); }
     // The gateway's processes: nginx's master and workers, and fcgiwrap when it runs.
