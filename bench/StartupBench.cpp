@@ -18,6 +18,7 @@
 // The list of days under the chart, which the start runs and the poll cycle runs again every hour,
 // is timed in this process too: RemplirDates on the loaded main window, and its query alone.
 #include "Dao.h"
+#include "EarlierLayout.h"
 #include "Form1.h"
 #include "Forms.h"
 #include "FrmIcone.h"
@@ -58,6 +59,7 @@
 extern char** environ;
 
 using namespace skelda;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -69,21 +71,13 @@ const char kStartBare[] = "--start-bare";
 
 // The layout of the first version's database.mdb: the observation's key without Null as a
 // value, typed rows unique by their place, no table of days, version 0.
-const char kFirstLayout[] = R"(
-CREATE TABLE "Aéroports" ("idx" INTEGER PRIMARY KEY AUTOINCREMENT, "IDA" TEXT COLLATE NOCASE, "aéroport" TEXT,
-    "ville" TEXT COLLATE NOCASE, "timezone" TEXT, "activé" BOOLEAN, "préféré" BOOLEAN, "codeforecast" TEXT);
-CREATE TABLE "Zefir" ("NumAéroport" INTEGER, "lieu" TEXT, "daterelevé" DATE, "heurerelevé" TIME,
-    "forcenoeuds" SMALLINT, "orientationdegré" TEXT, "forcerafale" SMALLINT, "zefirvariable" BOOLEAN,
-    "secteur1" SMALLINT, "secteur2" SMALLINT, "visibilité" TEXT, "temps" TEXT, "nuage" TEXT,
-    "température" SMALLINT, "pression" SMALLINT, "METAF" TEXT);
-CREATE UNIQUE INDEX "Relevé" ON "Zefir" ("NumAéroport", "daterelevé", "heurerelevé");
-CREATE UNIQUE INDEX "Relevé saisi" ON "Zefir" ("lieu", "daterelevé", "heurerelevé") WHERE "NumAéroport" IS NULL;
-CREATE INDEX "Jours" ON "Zefir" ("daterelevé");
+const QString kFirstLayout = QString::fromUtf8(test::EarlierTables) +
+                             uR"(
 CREATE INDEX "Mois" ON "Zefir" ("NumAéroport", CAST(substr("daterelevé", 1, 4) AS INTEGER),
     CAST(substr("daterelevé", 6, 2) AS INTEGER), "daterelevé");
 CREATE VIEW "Heure de pointe selon zefir" AS SELECT "NumAéroport" AS "numaéroport", "daterelevé",
     avg("forcenoeuds") AS "zefirmoyen" FROM "Zefir" GROUP BY "NumAéroport", "daterelevé";
-)";
+)"_s;
 
 // --- The children ------------------------------------------------------------------------------
 
@@ -148,8 +142,7 @@ public:
 private:
     Station() {
         bench::CreateSyntheticStore(store_.filePath(QStringLiteral("database.mdb")), kFirstDay, kDays);
-        bench::CreateSyntheticStore(earlier_.filePath(QStringLiteral("database.mdb")), kFirstDay, kDays,
-                                    QString::fromUtf8(kFirstLayout));
+        bench::CreateSyntheticStore(earlier_.filePath(QStringLiteral("database.mdb")), kFirstDay, kDays, kFirstLayout);
         QFile seed(QStringLiteral(SKELDA_SEED_AIRPORTS));
         QString error;
         if (!seed.open(QIODevice::ReadOnly) ||

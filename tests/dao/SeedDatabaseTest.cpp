@@ -6,6 +6,7 @@
 #include <QTemporaryDir>
 
 #include "Dao.h"
+#include "EarlierLayout.h"
 #include "Failures.h"
 #include "SeedDatabase.h"
 
@@ -152,17 +153,8 @@ TEST(DeliveredAirports, EveryCodeIsFourCapitalLettersAndNamesOneAirport) {
 // A database made by an earlier version: its observations, its indexes and its saved query.
 namespace {
 
-const QString kEarlierLayout =
-    uR"(
-CREATE TABLE "Aéroports" ("idx" INTEGER PRIMARY KEY AUTOINCREMENT, "IDA" TEXT COLLATE NOCASE, "aéroport" TEXT,
-    "ville" TEXT COLLATE NOCASE, "timezone" TEXT, "activé" BOOLEAN, "préféré" BOOLEAN, "codeforecast" TEXT);
-CREATE TABLE "Zefir" ("NumAéroport" INTEGER, "lieu" TEXT, "daterelevé" DATE, "heurerelevé" TIME,
-    "forcenoeuds" SMALLINT, "orientationdegré" TEXT, "forcerafale" SMALLINT, "zefirvariable" BOOLEAN,
-    "secteur1" SMALLINT, "secteur2" SMALLINT, "visibilité" TEXT, "temps" TEXT, "nuage" TEXT,
-    "température" SMALLINT, "pression" SMALLINT, "METAF" TEXT);
-CREATE UNIQUE INDEX "Relevé" ON "Zefir" ("NumAéroport", "daterelevé", "heurerelevé");
-CREATE UNIQUE INDEX "Relevé saisi" ON "Zefir" ("lieu", "daterelevé", "heurerelevé") WHERE "NumAéroport" IS NULL;
-CREATE INDEX "Jours" ON "Zefir" ("daterelevé");
+const QString kEarlierLayout = QString::fromUtf8(EarlierTables) +
+                               uR"(
 CREATE VIEW "Heure de pointe selon zefir" AS SELECT "NumAéroport" AS "numaéroport", avg("forcenoeuds") AS "zefirmoyen"
     FROM "Zefir" GROUP BY "NumAéroport", "daterelevé";
 INSERT INTO "Aéroports" ("IDA", "aéroport", "ville", "activé", "préféré") VALUES ('LFPB', 'Le Bourget', 'Paris', 1, 1);

@@ -45,6 +45,17 @@ protected:
     }
 
     static GatewayWorld& World() { return *world_; }
+
+    // Le Bourget selected, then its forecast asked by a right click: no run-time error and no box,
+    // and the forecast window shown.
+    ForecastForm& AskBourgetsForecast() {
+        Presser(LigneBourget, Qt::LeftButton);
+        Presser(LigneBourget, Qt::RightButton);
+        EXPECT_TRUE(runTimeEnds.empty());
+        EXPECT_TRUE(boxes.shown.empty());
+        EXPECT_TRUE(forms.Widget<ForecastForm>().isVisible());
+        return Prevision();
+    }
     void Start(const QString& source, bool withPageMaker = false) {
         ASSERT_TRUE(World().StartGateway(source, withPageMaker)) << World().Error().toStdString();
     }
@@ -326,12 +337,7 @@ TEST_F(Gateway, TheFirstPollShowsTheNewsPageOnce) {
 
 TEST_F(Gateway, ARightClickWithoutThePageMakerOpensTheForecastWindowSayingSo) {
     Start(GoodSource);
-    Presser(LigneBourget, Qt::LeftButton);
-    Presser(LigneBourget, Qt::RightButton);
-    EXPECT_TRUE(runTimeEnds.empty());
-    EXPECT_TRUE(boxes.shown.empty());
-    ForecastForm& window = Prevision();
-    EXPECT_TRUE(forms.Widget<ForecastForm>().isVisible());
+    ForecastForm& window = AskBourgetsForecast();
     EXPECT_EQ(Named<Label>(window, QStringLiteral("titre%1").arg(0 + 1))->Caption(), QStringLiteral("Today"));
     EXPECT_EQ(Named<Label>(window, QStringLiteral("Label%1").arg(0 + 1))->Caption(),
               QStringLiteral(" The forecast is not available yet."));
@@ -342,12 +348,7 @@ TEST_F(Gateway, ARightClickWithoutThePageMakerOpensTheForecastWindowSayingSo) {
 TEST_F(Gateway, ARightClickShowsTheForecastMadeFromTheSourceInSixBlocks) {
     ServeTheSourcesForecast();
     Start(GoodSource, true);
-    Presser(LigneBourget, Qt::LeftButton);
-    Presser(LigneBourget, Qt::RightButton);
-    EXPECT_TRUE(runTimeEnds.empty());
-    EXPECT_TRUE(boxes.shown.empty());
-    ForecastForm& window = Prevision();
-    EXPECT_TRUE(forms.Widget<ForecastForm>().isVisible());
+    ForecastForm& window = AskBourgetsForecast();
     EXPECT_TRUE(Named<Label>(window, QStringLiteral("titre%1").arg(0 + 1))->Caption() == QStringLiteral("Today") ||
                 Named<Label>(window, QStringLiteral("titre%1").arg(0 + 1))->Caption() == QStringLiteral("Tonight"))
         << Named<Label>(window, QStringLiteral("titre%1").arg(0 + 1))->Caption().toStdString();
